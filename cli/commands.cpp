@@ -1,0 +1,146 @@
+#include "cli/commands.h"
+
+#include "cli/report_json.h"
+#include "cli/table_print.h"
+#include "core/filters.h"
+#include "core/program_folder.h"
+#include "core/run_time_error.h"
+#include "core/text.h"
+#include "core/users.h"
+#include "core/version.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <optional>
+#include <ostream>
+
+namespace kavo {
+
+namespace {
+
+/// Keeps the messages of a loading; a script has no dialog to open.
+class RecordingHost final : public LoadingHost
+{
+public:
+    void showMessage(const Message& message) override { m_messages.push_back(message.text); }
+    AfterOptions openOptions() override { return AfterOptions::GoOn; }
+    void applyLayout(const std::vector<double>&) override {}
+    void layoutLoaded() override {}
+
+    [[nodiscard]] const std::vector<std::string>& messages() const { return m_messages; }
+
+private:
+    std::vector<std::string> m_messages;
+};
+
+/// What the user asked for.
+struct Request
+{
+    std::optional<std::string> programFolder;
+    std::optional<std::string> user;
+    bool json = false;
+    std::optional<std::string> filter1;
+    std::optional<std::string> filter2;
+};
+
+/// A loading run for a command, with what it left.
+struct Loaded
+{
+    Session session;
+    RecordingHost host;
+    LoadingResult result;
+};
+
+void runLoading(Loaded& loaded, const Request& request)
+{
+    loaded.session.programFolder = findProgramFolder(programFolderSources(request.programFolder));
+    loaded.result = load(loaded.session, loaded.host, {.user = request.user, .makesFolders = false});
+}
+
+int statusOf(const LoadingResult& result)
+{
+    return result.end == LoadingEnd::Completed ? kDone : kEndedEarly;
+}
+
+void printMessages(const Loaded& loaded, std::ostream& error)
+{
+    for (const std::string& message : loaded.host.messages()) error << toUtf8(message) << '\n';
+    if (!loaded.result.error.empty()) error << toUtf8(loaded.result.error) << '\n';
+}
+
+int show(const Request& request, const CommandStreams& streams)
+{
+    Loaded loaded;
+    runLoading(loaded, request);
+    if (request.filter1) applyFilter(loaded.session.table, FilterSide::Player1, *request.filter1);
+    if (request.filter2) applyFilter(loaded.session.table, FilterSide::Player2, *request.filter2);
+    printMessages(loaded, streams.error);
+    if (request.json)
+        streams.out << formatJson({loaded.session, loaded.result, loaded.host.messages()});
+    else
+        streams.out << formatTable(loaded.session, streams.isColoured ? Colouring::Terminal : Colouring::None);
+    return statusOf(loaded.result);
+}
+
+int users(const Request& request, const CommandStreams& streams)
+{
+    const auto folder = findProgramFolder(programFolderSources(request.programFolder));
+    for (const std::string& nick : readUsers(folder)) streams.out << nick << '\n';
+    return kDone;
+}
+
+std::vector<std::string> filterNames()
+{
+    std::vector<std::string> names;
+    for (const Grade& grade : grades()) names.insert(names.begin(), std::string(grade.name));
+    names.emplace_back(kVictories);
+    return names;
+}
+
+using Command = std::function<int(const Request&, const CommandStreams&)>;
+
+void addShow(CLI::App& app, Request& request, Command& chosen)
+{
+    CLI::App* command = app.add_subcommand("show", "Run the loading and print the results table");
+    command->add_flag("--json", request.json, "Print everything as one JSON object");
+    auto* filter1 = command->add_option("--filter1", request.filter1, "Keep the rows of one grade of player 1");
+    auto* filter2 = command->add_option("--filter2", request.filter2, "Keep the rows of one grade of player 2");
+    filter1->check(CLI::IsMember(filterNames()));
+    filter2->check(CLI::IsMember(filterNames()))->excludes(filter1);
+    command->callback([&chosen] { chosen = show; });
+}
+
+void addUsers(CLI::App& app, Command& chosen)
+{
+    app.add_subcommand("users", "Print the nicks, one a line")->callback([&chosen] { chosen = users; });
+}
+
+}  // namespace
+
+int runCommandLine(int argc, const char* const* argv, const CommandStreams& streams)
+{
+    CLI::App app("The results of Kavo Timing without a window.", "kavo-timing-cli");
+    Request request;
+    Command chosen;
+    app.set_version_flag("--version", std::string(kProductVersion));
+    app.add_option("--program-folder", request.programFolder,
+                   "Folder with users, targets and settings (environment: KAVO_PROGRAM_FOLDER)");
+    app.add_option("--user", request.user, "The user to load; by default who logged in last");
+    app.require_subcommand(1);
+    addShow(app, request, chosen);
+    addUsers(app, chosen);
+    try {
+        app.parse(argc, argv);
+        const int status = chosen(request, streams);
+        streams.out.flush();
+        return streams.out ? status : throw RunTimeError(Failure::DiskFull);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, streams.out, streams.error) == 0 ? kDone : kUsageError;
+    } catch (const RunTimeError& error) {
+        streams.error << toUtf8(error.what()) << '\n';
+        return kEndedEarly;
+    }
+}
+
+}  // namespace kavo

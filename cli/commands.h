@@ -1,0 +1,21 @@
+#pragma once
+
+#include <iosfwd>
+
+namespace kavo {
+
+/// What the command line writes to. Colours are used when `out` is a terminal.
+struct CommandStreams
+{
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& error;
+    bool isColoured = false;
+};
+
+enum ExitStatus : int { kDone = 0, kEndedEarly = 1, kUsageError = 2 };
+
+/// Runs kavo-timing-cli with its arguments and returns the exit status.
+[[nodiscard]] int runCommandLine(int argc, const char* const* argv, const CommandStreams& streams);
+
+}  // namespace kavo

@@ -1,0 +1,78 @@
+#include "core/bug_times.h"
+
+#include "core/file_name.h"
+#include "core/run_time_error.h"
+#include "core/text.h"
+#include "core/text_cursor.h"
+#include "core/text_file.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kavo {
+
+namespace {
+
+constexpr std::string_view kPlayer1Marker = "Player1";
+constexpr std::string_view kPlayer2Marker = "Player2";
+constexpr std::size_t kEntryLength = 12;
+constexpr std::size_t kLevelDigits = 2;
+constexpr std::size_t kTimeAt = 5;
+constexpr std::array<std::size_t, 4> kNumberPositions = {1, 5, 8, 11};
+
+}  // namespace
+
+BugTimeEntries parseBugTimes(std::string_view text)
+{
+    BugTimeEntries entries;
+    TextCursor cursor(text);
+    if (!equalIgnoringCase(cursor.line(), kPlayer1Marker)) return entries;
+    for (std::string_view line = cursor.line(); !equalIgnoringCase(line, kPlayer2Marker); line = cursor.line())
+        entries.player1.emplace_back(line);
+    while (!cursor.atEnd()) entries.player2.emplace_back(cursor.line());
+    return entries;
+}
+
+std::string formatBugTimes(const BugTimeEntries& entries)
+{
+    std::string text;
+    const auto add = [&text](std::string_view line) { text.append(line).append(kLineEnd); };
+    add(kPlayer1Marker);
+    for (const std::string& entry : entries.player1) add(entry);
+    add(kPlayer2Marker);
+    for (const std::string& entry : entries.player2) add(entry);
+    return text;
+}
+
+void applyBugTimes(const std::vector<std::string>& entries, BugTimes& times)
+{
+    for (const std::string& entry : entries) {
+        const int level = integerOf(firstCharacters(entry, kLevelDigits));
+        if (level < 1 || level > kLevels) throw RunTimeError(Failure::SubscriptOutOfRange);
+        times[level] = fromCharacter(entry, kTimeAt);
+    }
+}
+
+bool isBugTimeEntry(std::string_view text)
+{
+    // Lenient on purpose: players have entries with other separators in their files.
+    if (countCharacters(text) != kEntryLength) return false;
+    return std::all_of(kNumberPositions.begin(), kNumberPositions.end(),
+                       [text](std::size_t position) { return isNumeric(characters(text, position, 2)); });
+}
+
+std::filesystem::path bugTimesFile(const std::filesystem::path& userFolder)
+{
+    return locate(userFolder / "bugs.dat");
+}
+
+void saveBugTimes(const std::filesystem::path& userFolder, const BugTimeEntries& entries)
+{
+    const auto path = bugTimesFile(userFolder);
+    if (entries.player1.empty() && entries.player2.empty())
+        deleteFile(path);
+    else
+        replaceFile(path, formatBugTimes(entries));
+}
+
+}  // namespace kavo

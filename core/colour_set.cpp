@@ -1,0 +1,59 @@
+#include "core/colour_set.h"
+
+#include "core/file_name.h"
+#include "core/text.h"
+#include "core/text_cursor.h"
+#include "core/text_file.h"
+
+namespace kavo {
+
+namespace {
+
+constexpr std::size_t kShortestFile = 10;  // bytes; anything shorter is a leftover, not a scheme
+
+}  // namespace
+
+ColourFile parseColours(std::string_view text)
+{
+    ColourFile file;
+    TextCursor cursor(text);
+    for (const auto member : kColourLines) {
+        if (cursor.atEnd()) break;
+        const std::string_view field = cursor.field();
+        if (!isNumeric(field)) break;
+        file.colours.*member = integerOf(field);
+        ++file.count;
+    }
+    return file;
+}
+
+std::string formatColours(const ColourSet& colours)
+{
+    std::string text;
+    for (const auto member : kColourLines) text.append(printedNumber(colours.*member)).append(kLineEnd);
+    return text;
+}
+
+std::filesystem::path coloursFolder(const std::filesystem::path& userFolder)
+{
+    return locate(userFolder / "colors");
+}
+
+std::filesystem::path coloursFile(const std::filesystem::path& userFolder)
+{
+    return locate(userFolder / "colors" / "colors.ini");
+}
+
+ColourSet readTableColours(const std::filesystem::path& userFolder)
+{
+    const auto text = readFileIfThere(coloursFile(userFolder));
+    return text && text->size() >= kShortestFile ? parseColours(*text).colours : ColourSet{};
+}
+
+ColourSet readWindowColours(const std::filesystem::path& userFolder)
+{
+    const auto text = readFileIfThere(coloursFile(userFolder));
+    return text ? parseColours(*text).colours : ColourSet{};
+}
+
+}  // namespace kavo

@@ -1,0 +1,201 @@
+#include "core/loading.h"
+
+#include "core/bug_times.h"
+#include "core/colour_set.h"
+#include "core/file_name.h"
+#include "core/results_computation.h"
+#include "core/row_colouring.h"
+#include "core/run_time_error.h"
+#include "core/settings.h"
+#include "core/statistics_file.h"
+#include "core/targets.h"
+#include "core/text.h"
+#include "core/text_file.h"
+#include "core/users.h"
+#include "core/version.h"
+#include "core/window_layout.h"
+
+namespace fs = std::filesystem;
+
+namespace kavo {
+
+namespace {
+
+constexpr std::string_view kPreviousResultsName = "1res.old";
+
+/// Nothing of the loading before stays but the shared results state.
+void startAnew(Session& session)
+{
+    session.table.clear();
+    session.UserName.clear();
+    session.userFolder.clear();
+    session.caption = kProductName;
+    session.colours = ColourSet{};
+    session.fontSize = kDesignedFontSize;
+    session.StatsPath.clear();
+    session.CompPath.clear();
+    session.CompCategory.clear();
+}
+
+void makeColoursFolder(const fs::path& userFolder, bool mayMake)
+{
+    if (folderExists(coloursFolder(userFolder))) return;
+    // Only the last folder is made: a user without a folder of their own is an error, not a new user.
+    if (!folderExists(userFolder)) throw RunTimeError(Failure::PathNotFound, userFolder);
+    std::error_code error;
+    if (mayMake) fs::create_directory(coloursFolder(userFolder), error);
+    if (error) throw RunTimeError(failureOf(error), coloursFolder(userFolder));
+}
+
+void readLayout(const Session& session, LoadingHost& host)
+{
+    if (const auto text = readFileIfThere(layoutFile(session.userFolder))) host.applyLayout(parseLayoutValues(*text));
+    host.layoutLoaded();
+}
+
+void readBugTimes(Session& session)
+{
+    const auto path = bugTimesFile(session.userFolder);
+    if (!fileExists(path)) return;
+    parseFile(path, [&session](std::string_view text) {
+        const BugTimeEntries entries = parseBugTimes(text);
+        applyBugTimes(entries.player1, session.BugTimes1);
+        applyBugTimes(entries.player2, session.BugTimes2);
+    });
+}
+
+/// Thrown through the steps of a loading that ends without an error.
+struct EndOfLoading
+{
+    LoadingEnd end;
+};
+
+[[noreturn]] void endWithWrongFile(LoadingHost& host)
+{
+    host.showMessage({std::string(messages::kWrongFile)});
+    static_cast<void>(host.openOptions());
+    throw EndOfLoading{LoadingEnd::WrongFile};
+}
+
+void loadTargets(Session& session, LoadingHost& host)
+{
+    if (!LoadTargets(session.programFolder, session.state))
+        host.showMessage({.text = std::string(messages::kMissingTargets), .icon = MessageIcon::Critical});
+}
+
+/// Player 2's times from the second file; returns whether there is such a file.
+bool readSecondFile(Session& session, LoadingHost& host)
+{
+    const fs::path path = locateTyped(session.programFolder, session.CompPath);
+    if (!fileExists(path)) return false;
+    parseFile(path, [&session, &host](std::string_view text) {
+        // The saved previous results come from a file that was checked when it was player 1's.
+        const bool isChecked = lastCharacters(session.CompPath, kPreviousResultsName.size()) != kPreviousResultsName;
+        if (isChecked && !isSecondStatisticsFile(text)) endWithWrongFile(host);
+        readTimesOfPlayer2(session, text);
+    });
+    return true;
+}
+
+void addSecondTotal(Session& session, const std::string& total)
+{
+    session.table.addRow("");
+    session.table.setText(kTotalsRow, Column::Time2, total);
+}
+
+void fillSecondColumn(Session& session, LoadingHost& host, const std::string& total1)
+{
+    if (trimBlanks(session.CompPath) == kCompareWithTargets)
+        addSecondTotal(session, fillWithTargets(session, total1));
+    else if (readSecondFile(session, host))
+        // Not in hours, unlike player 1's total: the column has always been shown this way.
+        addSecondTotal(session, totalOf(session.table, Column::Time2));
+}
+
+void fillTable(Session& session, LoadingHost& host, const fs::path& statsPath)
+{
+    parseFile(statsPath, [&](std::string_view text) {
+        if (!isStatisticsFile(text)) endWithWrongFile(host);
+        loadTargets(session, host);
+        readTimesOfPlayer1(session, text);
+    });
+    for (const Grade& grade : grades())
+        session.state.counter(Side::Team, grade.category) = session.state.counter(Side::Player2, grade.category);
+    fillSecondColumn(session, host, addTotalsRow(session));
+    compareColumns(session);
+    Team2(session);
+    for (int row = 1; row <= kTotalsRow; ++row) session.table.setBold(row, Column::Team);
+    TTColorTargets(session);
+}
+
+void showNames(Session& session)
+{
+    session.table.setHeader(Column::Time1, session.state.Player1Name);
+    session.table.setHeader(Column::Time2, session.state.Player2Name);
+    session.table.setHeader(Column::Team, session.state.TeamName);
+}
+
+void runSteps(Session& session, LoadingHost& host, const LoadingOptions& options)
+{
+    session.UserName = options.user ? *options.user : readCurrentUser(session.programFolder);
+    session.userFolder = userFolder(session.programFolder, session.UserName);
+    makeColoursFolder(session.userFolder, options.makesFolders);
+    readLayout(session, host);
+    session.state.resetCounters();
+    session.BugTimes1.fill("");
+    session.BugTimes2.fill("");
+    session.caption = std::string(kProductName) + " " + std::string(kMajorMinor) + "  User: " + session.UserName;
+    Init(session);
+    session.colours = readTableColours(session.userFolder);
+    readBugTimes(session);
+    const fs::path statsPath = locateTyped(session.programFolder, session.StatsPath);
+    if (fileExists(statsPath)) fillTable(session, host, statsPath);
+    if (!fileExists(settingsFile(session.userFolder)) && host.openOptions() == AfterOptions::Abandon)
+        throw EndOfLoading{LoadingEnd::Abandoned};
+    // The row behind the totals. Without a second file there is none, and the totals row goes instead.
+    session.table.removeLastRow();
+    showNames(session);
+}
+
+}  // namespace
+
+void Init(Session& session)
+{
+    const auto path = settingsFile(session.userFolder);
+    int method = 0;
+    if (fileExists(path)) {
+        const Settings settings = parseFile(path, parseSettings);
+        session.StatsPath = settings.statsPath;
+        session.CompPath = settings.otherPath;
+        session.CompCategory = settings.category;
+        method = settings.compareMethod;
+        if (settings.fontSize && *settings.fontSize > 0) session.fontSize = *settings.fontSize;
+        if (method == static_cast<int>(CompareMethod::PreviousResults))
+            session.CompPath = textOf(session.userFolder / kPreviousResultsName);
+        if (method == static_cast<int>(CompareMethod::Targets))
+            session.CompPath = kCompareWithTargets;
+        else
+            session.CompCategory.clear();
+    }
+    if (session.StatsPath.empty()) session.StatsPath = textOf(session.programFolder / "stats.txt");
+    if (session.CompPath.empty()) session.CompPath = session.StatsPath;
+    const Names names = parseNames(readFileIfThere(namesFile(session.userFolder)).value_or(""));
+    session.state.Player1Name = names.player1;
+    session.state.Player2Name = names.player2;
+    session.state.TeamName = names.team;
+}
+
+LoadingResult load(Session& session, LoadingHost& host, const LoadingOptions& options)
+{
+    startAnew(session);
+    try {
+        runSteps(session, host, options);
+    } catch (const EndOfLoading& end) {
+        return {end.end, {}};
+    } catch (const RunTimeError& error) {
+        return {LoadingEnd::Error, error.what()};
+    }
+    return {};
+}
+
+}  // namespace kavo

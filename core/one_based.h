@@ -1,0 +1,25 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+namespace kavo {
+
+inline constexpr int kLevels = 54;     ///< built-in levels of the game, numbered from 1
+inline constexpr int kTotalsRow = 55;  ///< the whole set: last row of the table, last entry of the targets
+
+/// Array with the index range 1 to Last, as levels are numbered.
+template <typename Value, int Last>
+class OneBased final
+{
+public:
+    Value& operator[](int index) { return m_values.at(static_cast<std::size_t>(index) - 1); }
+    const Value& operator[](int index) const { return m_values.at(static_cast<std::size_t>(index) - 1); }
+
+    void fill(const Value& value) { m_values.fill(value); }
+
+private:
+    std::array<Value, Last> m_values{};
+};
+
+}  // namespace kavo

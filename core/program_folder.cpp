@@ -1,0 +1,105 @@
+#include "core/program_folder.h"
+
+#include "core/file_name.h"
+#include "core/run_time_error.h"
+#include "core/text_file.h"
+
+#include <array>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace fs = std::filesystem;
+
+namespace kavo {
+
+namespace {
+
+constexpr std::string_view kFolderName = "kavo-timing";
+constexpr std::array<std::string_view, 4> kSuppliedFiles = {"targets.txt", "targets_old.txt", "history.txt",
+                                                            "links.txt"};
+
+std::optional<std::string> environmentValue(const char* name)
+{
+    const char* value = std::getenv(name);
+    if (value == nullptr || *value == '\0') return std::nullopt;
+    return value;
+}
+
+fs::path thisExecutable()
+{
+    std::error_code ignored;
+#ifdef _WIN32
+    return fs::path(_wpgmptr);
+#else
+    return fs::read_symlink("/proc/self/exe", ignored);
+#endif
+}
+
+bool canBeWritten(const fs::path& folder)
+{
+#ifdef _WIN32
+    return folderExists(folder) && ::_waccess(folder.c_str(), 2) == 0;
+#else
+    return folderExists(folder) && ::access(folder.c_str(), W_OK | X_OK) == 0;
+#endif
+}
+
+fs::path dataHomeOf(const ProgramFolderSources& sources)
+{
+    if (sources.dataHome && fs::path(*sources.dataHome).is_absolute()) return *sources.dataHome;
+    if (sources.home) return fs::path(*sources.home) / ".local" / "share";
+    throw RunTimeError(Failure::PathNotFound, fs::path(kFolderName));
+}
+
+fs::path madeAndSupplied(const fs::path& folder, const fs::path& suppliedFiles)
+{
+    if (folderExists(folder)) return folder;
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) throw RunTimeError(failureOf(error), folder);
+    for (const std::string_view name : kSuppliedFiles)
+        if (const auto content = readFileIfThere(suppliedFiles / name)) replaceFile(folder / name, *content);
+    return folder;
+}
+
+fs::path named(const std::string& folder)
+{
+    const fs::path path = locate(fs::absolute(pathOf(folder)).lexically_normal());
+    if (!folderExists(path)) throw RunTimeError(Failure::PathNotFound, pathOf(folder));
+    return path;
+}
+
+}  // namespace
+
+ProgramFolderSources programFolderSources(std::optional<std::string> option)
+{
+    ProgramFolderSources sources;
+    sources.option = std::move(option);
+    sources.environment = environmentValue("KAVO_PROGRAM_FOLDER");
+    sources.executableFolder = thisExecutable().parent_path();
+#ifdef _WIN32
+    sources.dataHome = environmentValue("LOCALAPPDATA");
+#else
+    sources.dataHome = environmentValue("XDG_DATA_HOME");
+    sources.home = environmentValue("HOME");
+#endif
+    sources.suppliedFiles = sources.executableFolder.parent_path() / "share" / kFolderName;
+    return sources;
+}
+
+fs::path findProgramFolder(const ProgramFolderSources& sources)
+{
+    if (sources.option) return named(*sources.option);
+    if (sources.environment) return named(*sources.environment);
+    if (canBeWritten(sources.executableFolder)) return sources.executableFolder;
+    return madeAndSupplied(dataHomeOf(sources) / kFolderName, sources.suppliedFiles);
+}
+
+}  // namespace kavo

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace kavo {
+
+/// Where the program folder (users, targets, settings) may come from, strongest first.
+struct ProgramFolderSources
+{
+    std::optional<std::string> option;       ///< --program-folder
+    std::optional<std::string> environment;  ///< KAVO_PROGRAM_FOLDER
+    std::filesystem::path executableFolder;  ///< used when it can be written: a portable copy
+    std::optional<std::string> dataHome;     ///< XDG_DATA_HOME
+    std::optional<std::string> home;         ///< HOME, for the default of XDG_DATA_HOME
+    std::filesystem::path suppliedFiles;     ///< fills a folder in dataHome that is first made
+};
+
+/// Options and environment of this process.
+[[nodiscard]] ProgramFolderSources programFolderSources(std::optional<std::string> option);
+
+/// The program folder, absolute. A folder that the user names is taken as it is; the one in the user's
+/// data home is made and supplied when first missing. Throws RunTimeError: PathNotFound when a named
+/// folder does not exist or no home is known, PathFileAccess, DiskFull.
+[[nodiscard]] std::filesystem::path findProgramFolder(const ProgramFolderSources& sources);
+
+}  // namespace kavo

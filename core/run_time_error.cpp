@@ -1,0 +1,48 @@
+#include "core/run_time_error.h"
+
+#include "core/file_name.h"
+
+#include <cerrno>
+
+namespace kavo {
+
+std::string_view standardText(Failure failure)
+{
+    switch (failure) {
+    case Failure::InputPastEnd: return "Input past end of file";
+    case Failure::FileNotFound: return "File not found";
+    case Failure::PathNotFound: return "Path not found";
+    case Failure::InvalidCall: return "Invalid procedure call or argument";
+    case Failure::SubscriptOutOfRange: return "Subscript out of range";
+    case Failure::PathFileAccess: return "Path/File access error";
+    case Failure::DiskFull: return "Disk full";
+    }
+    return {};
+}
+
+RunTimeError::RunTimeError(Failure failure) : m_failure(failure), m_text(standardText(failure)) {}
+
+RunTimeError::RunTimeError(Failure failure, const std::filesystem::path& file)
+    : m_failure(failure), m_namesFile(true), m_text(standardText(failure))
+{
+    const std::string name = textOf(file.filename());
+    if (!name.empty()) m_text.append(": ").append(name);
+}
+
+RunTimeError RunTimeError::about(const std::filesystem::path& file) const
+{
+    return m_namesFile ? *this : RunTimeError(m_failure, file);
+}
+
+Failure failureOf(const std::error_code& error)
+{
+    if (error == std::errc::no_space_on_device || error == std::errc::file_too_large) return Failure::DiskFull;
+#ifndef _WIN32
+    if (error.value() == EDQUOT) return Failure::DiskFull;
+#endif
+    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
+        return Failure::PathNotFound;
+    return Failure::PathFileAccess;
+}
+
+}  // namespace kavo

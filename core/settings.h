@@ -1,0 +1,51 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kavo {
+
+/// What player 1's results are compared with; the numbers stand in `data.ini`.
+enum class CompareMethod { PreviousResults = 1, AnotherFile = 2, Targets = 3 };
+
+/// `data.ini`: the user's settings as they stand in the file. Paths are texts as typed.
+struct Settings
+{
+    std::string statsPath;           ///< line 1; empty: the program folder's stats.txt
+    int compareMethod = 0;           ///< line 2, as a number: other values than CompareMethod's occur
+    std::string otherPath;           ///< line 3: the file compared with by AnotherFile
+    std::string category;            ///< line 4: the grade compared with by Targets
+    std::optional<double> fontSize;  ///< line 5, in points; older files end before it
+};
+
+/// Throws RunTimeError(InputPastEnd) when there are fewer than four lines.
+[[nodiscard]] Settings parseSettings(std::string_view text);
+[[nodiscard]] std::string formatSettings(const Settings& settings);
+
+/// The first four lines as far as the file has them.
+[[nodiscard]] Settings parseSettingsLeniently(std::string_view text);
+
+/// The content with its last line, whichever it is, replaced by a font size.
+[[nodiscard]] std::string withFontSize(std::string_view text, double fontSize);
+
+[[nodiscard]] std::filesystem::path settingsFile(const std::filesystem::path& userFolder);
+
+/// The copy of an earlier statistics file that PreviousResults compares with.
+[[nodiscard]] std::filesystem::path previousResultsFile(const std::filesystem::path& userFolder);
+
+/// `names.dat`: what the players and their team are called.
+struct Names
+{
+    std::string player1{"Player1"};
+    std::string player2{"Player2"};
+    std::string team{"Team"};
+};
+
+/// Names that a shorter file lacks keep their defaults.
+[[nodiscard]] Names parseNames(std::string_view text);
+[[nodiscard]] std::string formatNames(const Names& names);
+[[nodiscard]] std::filesystem::path namesFile(const std::filesystem::path& userFolder);
+
+}  // namespace kavo

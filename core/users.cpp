@@ -1,0 +1,117 @@
+#include "core/users.h"
+
+#include "core/file_name.h"
+#include "core/run_time_error.h"
+#include "core/text.h"
+#include "core/text_cursor.h"
+#include "core/text_file.h"
+
+namespace fs = std::filesystem;
+
+namespace kavo {
+
+namespace {
+
+constexpr std::size_t kLongestNick = 10;
+
+fs::path usersFile(const fs::path& programFolder)
+{
+    return locate(programFolder / "users.dat");
+}
+
+fs::path currentUserFile(const fs::path& programFolder)
+{
+    return locate(programFolder / "curUser.dat");
+}
+
+fs::path autoLoginFile(const fs::path& programFolder)
+{
+    return locate(programFolder / "autolog.dat");
+}
+
+std::string firstLine(std::string_view text)
+{
+    return std::string(TextCursor(text).line());
+}
+
+std::string asLine(std::string_view text)
+{
+    return std::string(text).append(kLineEnd);
+}
+
+bool holdsOrdinaryFile(const fs::path& folder)
+{
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+        if (fileExists(entry->path())) return true;
+    return false;
+}
+
+}  // namespace
+
+std::vector<std::string> readUsers(const fs::path& programFolder)
+{
+    std::vector<std::string> nicks;
+    const std::string text = readFileIfThere(usersFile(programFolder)).value_or("");
+    for (TextCursor cursor(text); !cursor.atEnd();) nicks.emplace_back(cursor.line());
+    return nicks;
+}
+
+std::string readCurrentUser(const fs::path& programFolder)
+{
+    return parseFile(currentUserFile(programFolder), firstLine);
+}
+
+std::optional<std::string> readCurrentUserIfThere(const fs::path& programFolder)
+{
+    if (!fileExists(currentUserFile(programFolder))) return std::nullopt;
+    return readCurrentUser(programFolder);
+}
+
+fs::path userFolder(const fs::path& programFolder, std::string_view nick)
+{
+    if (!isPlainName(nick)) throw RunTimeError(Failure::PathNotFound, pathOf(nick));
+    return locate(programFolder / pathOf(nick));
+}
+
+bool isNickAllowed(std::string_view nick)
+{
+    return !trimBlanks(nick).empty() && countCharacters(nick) <= kLongestNick;
+}
+
+int readAutoLogin(const fs::path& programFolder)
+{
+    const auto text = readFileIfThere(autoLoginFile(programFolder));
+    return text && !text->empty() ? integerOf(TextCursor(*text).field()) : 0;
+}
+
+void writeAutoLogin(const fs::path& programFolder, bool autoLogin)
+{
+    replaceFile(autoLoginFile(programFolder), asLine(printedNumber(autoLogin ? kAutoLogin : 0)));
+}
+
+void suspendAutoLogin(const fs::path& programFolder)
+{
+    replaceFile(autoLoginFile(programFolder), asLine("0"));
+}
+
+bool createUserIfNew(const fs::path& programFolder, std::string_view nick)
+{
+    if (!isPlainName(nick) || holdsOrdinaryFile(userFolder(programFolder, nick))) return false;
+    // A folder that is there but empty counts as new, and then cannot be made: nothing is added.
+    std::error_code error;
+    if (!fs::create_directory(userFolder(programFolder, nick), error)) return false;
+    try {
+        appendLine(usersFile(programFolder), nick);
+    } catch (const RunTimeError&) {
+        return false;  // the login goes on without the rest of the new user's steps
+    }
+    return true;
+}
+
+void writeCurrentUser(const fs::path& programFolder, std::string_view nick)
+{
+    replaceFile(currentUserFile(programFolder), asLine(nick));
+}
+
+}  // namespace kavo

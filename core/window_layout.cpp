@@ -1,0 +1,48 @@
+#include "core/window_layout.h"
+
+#include "core/file_name.h"
+#include "core/text.h"
+#include "core/text_cursor.h"
+
+#include <cmath>
+
+namespace kavo {
+
+std::vector<double> parseLayoutValues(std::string_view text)
+{
+    std::vector<double> values;
+    TextCursor cursor(text);
+    while (values.size() < kLayoutValues && !cursor.atEnd()) {
+        const std::string_view field = cursor.field();
+        if (!isNumeric(field)) break;
+        values.push_back(numberOf(field));
+    }
+    return values;
+}
+
+WindowLayout withValues(WindowLayout layout, const std::vector<double>& values)
+{
+    std::vector<double*> places = {&layout.left, &layout.top, &layout.height, &layout.width};
+    for (double& width : layout.columnWidths) places.push_back(&width);
+    for (std::size_t i = 0; i < values.size() && i < places.size(); ++i) *places[i] = values[i];
+    return layout;
+}
+
+std::string formatLayout(const WindowLayout& layout)
+{
+    std::string text;
+    const auto add = [&text](double value) { text.append(printedNumber(value)).append(kLineEnd); };
+    add(layout.left);
+    add(layout.top);
+    add(layout.height);
+    add(layout.width);
+    for (const double width : layout.columnWidths) add(std::floor(width));
+    return text;
+}
+
+std::filesystem::path layoutFile(const std::filesystem::path& userFolder)
+{
+    return locate(userFolder / "view.dat");
+}
+
+}  // namespace kavo

@@ -1,0 +1,81 @@
+#include "tests/support/program_folder_fixture.h"
+
+#include "core/text_file.h"
+
+#include <atomic>
+#include <fstream>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace fs = std::filesystem;
+
+namespace kavo::test {
+
+TemporaryFolder::TemporaryFolder()
+{
+    static std::atomic<int> number = 0;
+    m_path = fs::temp_directory_path() / ("kavo-test-" + std::to_string(::getpid()) + "-" + std::to_string(++number));
+    fs::remove_all(m_path);
+    fs::create_directories(m_path);
+}
+
+TemporaryFolder::~TemporaryFolder()
+{
+    std::error_code ignored;
+    fs::remove_all(m_path, ignored);
+}
+
+void TemporaryFolder::write(std::string_view name, std::string_view content) const
+{
+    const fs::path path = m_path / name;
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << content;
+}
+
+std::string TemporaryFolder::read(std::string_view name) const
+{
+    return readFile(m_path / name);
+}
+
+bool TemporaryFolder::has(std::string_view name) const
+{
+    return fs::exists(m_path / name);
+}
+
+void copyDemo(const TemporaryFolder& folder)
+{
+    const fs::path data = fs::path(KAVO_SOURCE_FOLDER) / "data";
+    fs::copy(data / "demo", folder.path(), fs::copy_options::recursive);
+    for (const char* name : {"targets.txt", "targets_old.txt", "history.txt", "links.txt"})
+        fs::copy(data / name, folder / name);
+}
+
+std::string statisticsText(const std::vector<std::string>& bestTimes)
+{
+    std::string text = "Statistics of player Alice\r\n\r\n";
+    for (int level = 1; level <= kLevels; ++level) {
+        const auto index = static_cast<std::size_t>(level) - 1;
+        const std::string time = index < bestTimes.size() ? bestTimes[index] : "00:30:00 Alice";
+        text += "Level " + std::to_string(level) + ", " + (level == 8 ? "Steppes" : "Track") + "\r\n";
+        // An empty line after a header takes the line behind it along, so a level without a time has none.
+        if (!time.empty()) text += time + "\r\n\r\n";
+    }
+    return text + "End of statistics\r\n";
+}
+
+std::string targetsText(std::string_view record)
+{
+    std::string text;
+    for (int i = 1; i <= kTotalsRow; ++i) text.append(record).append("\r\n");
+    return text;
+}
+
+AfterOptions HostRecord::openOptions()
+{
+    ++optionsOpened;
+    return afterOptions;
+}
+
+}  // namespace kavo::test

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "core/loading.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kavo::test {
+
+/// A program folder of its own for one test, removed with it.
+class TemporaryFolder final
+{
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
+    [[nodiscard]] std::filesystem::path operator/(std::string_view name) const { return m_path / name; }
+
+    /// Writes a file, with the folders on the way to it.
+    void write(std::string_view name, std::string_view content) const;
+    [[nodiscard]] std::string read(std::string_view name) const;
+    [[nodiscard]] bool has(std::string_view name) const;
+
+private:
+    std::filesystem::path m_path;
+};
+
+/// A copy of the demo folder that ./run.sh starts on.
+void copyDemo(const TemporaryFolder& folder);
+
+/// A statistics file with `bestTimes` (one line each as the game writes it, "" for a level without a
+/// time) on the 54 levels, missing ones filled with "00:30:00 Alice". Level 8 is called Steppes.
+[[nodiscard]] std::string statisticsText(const std::vector<std::string>& bestTimes = {});
+
+/// 55 records of the same five targets (World Record to OK).
+[[nodiscard]] std::string targetsText(std::string_view record = "00:10:00,00:20:00,00:30:00,00:40:00,00:50:00");
+
+/// Records what a loading asks of its host; answers the Options dialog with `afterOptions`.
+class HostRecord final : public LoadingHost
+{
+public:
+    AfterOptions afterOptions = AfterOptions::GoOn;
+    std::vector<Message> messages;
+    int optionsOpened = 0;
+    std::vector<double> layout;
+    int layoutLoadedCalls = 0;
+
+    void showMessage(const Message& message) override { messages.push_back(message); }
+    AfterOptions openOptions() override;
+    void applyLayout(const std::vector<double>& values) override { layout = values; }
+    void layoutLoaded() override { ++layoutLoadedCalls; }
+};
+
+}  // namespace kavo::test
