@@ -3,6 +3,7 @@
 #include "core/bug_times.h"
 #include "core/colour_set.h"
 #include "core/file_name.h"
+#include "core/player_names.h"
 #include "core/results_computation.h"
 #include "core/row_colouring.h"
 #include "core/run_time_error.h"
@@ -128,13 +129,6 @@ void fillTable(Session& session, LoadingHost& host, const fs::path& statsPath)
     TTColorTargets(session);
 }
 
-void showNames(Session& session)
-{
-    session.table.setHeader(Column::Time1, session.state.Player1Name);
-    session.table.setHeader(Column::Time2, session.state.Player2Name);
-    session.table.setHeader(Column::Team, session.state.TeamName);
-}
-
 void runSteps(Session& session, LoadingHost& host, const LoadingOptions& options)
 {
     session.UserName = options.user ? *options.user : readCurrentUser(session.programFolder);
@@ -154,7 +148,7 @@ void runSteps(Session& session, LoadingHost& host, const LoadingOptions& options
         throw EndOfLoading{LoadingEnd::Abandoned};
     // The row behind the totals. Without a second file there is none, and the totals row goes instead.
     session.table.removeLastRow();
-    showNames(session);
+    showNamesInHeaders(session);
 }
 
 }  // namespace

@@ -1,0 +1,33 @@
+#include "app/application.h"
+
+#include "core/version.h"
+#include "forms/screen_text.h"
+
+namespace kavo {
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv)
+{
+    setApplicationName("kavo-timing");
+    setApplicationDisplayName({});
+    setApplicationVersion(toScreen(kProductVersion));
+    setDesktopFileName("kavo-timing");
+    // Between the login and the main window there is a moment without any window.
+    setQuitOnLastWindowClosed(false);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+        report(error);
+        return true;
+    }
+}
+
+void Application::report(const std::exception& error)
+{
+    m_prompts->tell(activeWindow(), {.text = error.what(), .icon = MessageIcon::Critical});
+}
+
+}  // namespace kavo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "forms/prompts.h"
+
+#include <QApplication>
+
+#include <exception>
+
+namespace kavo {
+
+/// The Qt application with the one place where stray errors end: each is shown in the standard error
+/// report, and the program goes on.
+class Application final : public QApplication
+{
+    Q_OBJECT
+
+public:
+    Application(int& argc, char** argv);
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+    /// Shows the standard error report.
+    void report(const std::exception& error);
+
+    [[nodiscard]] Prompts& prompts() { return *m_prompts; }
+
+    /// Puts other boxes in place of the real ones.
+    void setPrompts(Prompts& prompts) { m_prompts = &prompts; }
+
+private:
+    ScreenPrompts m_screenPrompts;
+    Prompts* m_prompts = &m_screenPrompts;
+};
+
+}  // namespace kavo

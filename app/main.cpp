@@ -1,0 +1,82 @@
+#include "app/application.h"
+#include "app/program.h"
+#include "core/program_folder.h"
+#include "core/run_time_error.h"
+#include "core/version.h"
+#include "forms/screen_text.h"
+
+#include <QCommandLineParser>
+#include <QTimer>
+
+#include <cstdio>
+#include <optional>
+
+namespace {
+
+struct Options
+{
+    QCommandLineParser parser;
+    QCommandLineOption programFolder{
+        "program-folder", "Folder with users, targets and settings (environment: KAVO_PROGRAM_FOLDER).", "DIR"};
+    QCommandLineOption help{QStringList{"h", "help"}, "Show this help and exit."};
+    QCommandLineOption version{"version", "Show the version and exit."};
+    QCommandLineOption quitAfterFirstPaint{"quit-after-first-paint"};
+
+    Options()
+    {
+        quitAfterFirstPaint.setFlags(QCommandLineOption::HiddenFromHelp);  // for timing the start
+        parser.setApplicationDescription("Grades and compares the best times of the game's levels.");
+        for (const auto& option : {programFolder, help, version, quitAfterFirstPaint}) parser.addOption(option);
+    }
+};
+
+/// The exit status when the arguments leave nothing to start.
+std::optional<int> answerAtOnce(Options& options, const QStringList& arguments)
+{
+    constexpr int kUsageError = 2;
+    if (!options.parser.parse(arguments) || !options.parser.positionalArguments().isEmpty()) {
+        const QString reason =
+            options.parser.errorText().isEmpty() ? "Unexpected argument." : options.parser.errorText();
+        std::fprintf(stderr, "%s\n%s", qPrintable(reason), qPrintable(options.parser.helpText()));
+        return kUsageError;
+    }
+    if (options.parser.isSet(options.version)) {
+        std::printf("%s\n", std::string(kavo::kProductVersion).c_str());
+        return 0;
+    }
+    if (options.parser.isSet(options.help)) {
+        std::printf("%s", qPrintable(options.parser.helpText()));
+        return 0;
+    }
+    return std::nullopt;
+}
+
+QStringList argumentsOf(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    // Help and version answer without a display.
+    Options options;
+    if (const auto status = answerAtOnce(options, argumentsOf(argc, argv))) return *status;
+    kavo::Application application(argc, argv);
+    try {
+        std::optional<std::string> folder;
+        if (options.parser.isSet(options.programFolder))
+            folder = kavo::fromScreen(options.parser.value(options.programFolder));
+        kavo::Program program(kavo::findProgramFolder(kavo::programFolderSources(folder)), application.prompts());
+        if (options.parser.isSet(options.quitAfterFirstPaint))
+            QObject::connect(&program.mainWindow(), &Form1::painted, &application, &QCoreApplication::quit);
+        QTimer::singleShot(0, &program, &kavo::Program::start);
+        return kavo::Application::exec();
+    } catch (const kavo::RunTimeError& error) {
+        application.report(error);
+        return 1;
+    }
+}

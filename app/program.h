@@ -1,0 +1,55 @@
+#pragma once
+
+#include "core/session.h"
+#include "forms/desktop.h"
+#include "forms/services.h"
+#include "ui/about/splash_window.h"
+#include "ui/main/main_window.h"
+#include "ui/navigator.h"
+#include "ui/settings/login_window.h"
+
+#include <QLockFile>
+
+#include <filesystem>
+#include <memory>
+
+namespace kavo {
+
+class SystemClock final : public Clock
+{
+public:
+    [[nodiscard]] QDateTime now() const override { return QDateTime::currentDateTime(); }
+};
+
+/// One run of the program on a program folder: owns the session and the first windows.
+class Program final : public QObject, public Navigator
+{
+    Q_OBJECT
+
+public:
+    Program(const std::filesystem::path& programFolder, Prompts& prompts);
+    ~Program() override;
+
+    /// Loads the login window, which logs in at once when auto-login is on.
+    void start();
+
+    void showMain() override;
+    void showLogin(const QString& nick, bool autoLogin) override;
+    void quit() override;
+
+    [[nodiscard]] Form1& mainWindow() { return *m_mainWindow; }
+    [[nodiscard]] frmLogin& loginWindow() { return *m_login; }
+
+private:
+    [[nodiscard]] bool isOnlyInstance();
+
+    Session m_session;
+    SystemDesktop m_desktop;
+    SystemClock m_clock;
+    QLockFile m_lock;  ///< of the program folder; a lock whose holder has died is taken over
+    std::unique_ptr<frmLogin> m_login;
+    std::unique_ptr<Form1> m_mainWindow;
+    std::unique_ptr<frmSplash> m_splash;
+};
+
+}  // namespace kavo

@@ -1,0 +1,42 @@
+#include "core/player_names.h"
+
+#include "core/one_based.h"
+#include "core/settings.h"
+#include "core/text.h"
+#include "core/text_file.h"
+
+namespace kavo {
+
+std::string* nameOfHeader(ResultsState& state, Column column)
+{
+    if (column == Column::Time1) return &state.Player1Name;
+    if (column == Column::Time2) return &state.Player2Name;
+    if (column == Column::Team) return &state.TeamName;
+    return nullptr;
+}
+
+void showNamesInHeaders(Session& session)
+{
+    for (const Column column : {Column::Time1, Column::Time2, Column::Team})
+        session.table.setHeader(column, *nameOfHeader(session.state, column));
+}
+
+void showChangedNames(Session& session, const std::string& oldPlayer1, const std::string& oldPlayer2)
+{
+    showNamesInHeaders(session);
+    for (int level = 1; level <= kLevels; ++level) {
+        // Parts of longer names are replaced too, and a new name of player 1 that contains player 2's old
+        // one is replaced again: the column has always been edited as text.
+        const std::string first =
+            replaceAll(session.table.text(level, Column::Author), oldPlayer1, session.state.Player1Name);
+        session.table.setText(level, Column::Author, replaceAll(first, oldPlayer2, session.state.Player2Name));
+    }
+}
+
+void saveNames(const Session& session)
+{
+    const Names names{session.state.Player1Name, session.state.Player2Name, session.state.TeamName};
+    replaceFile(namesFile(session.userFolder), formatNames(names));
+}
+
+}  // namespace kavo

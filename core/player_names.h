@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <string>
+
+namespace kavo {
+
+/// Which of the three names a column header shows.
+[[nodiscard]] std::string* nameOfHeader(ResultsState& state, Column column);
+
+/// Shows the session's names in the headers and replaces the old players' names, wherever they occur, in
+/// the "Author" texts of the levels: first the old name of player 1, then that of player 2 in what came
+/// of it. Row 55 keeps its "Team".
+void showChangedNames(Session& session, const std::string& oldPlayer1, const std::string& oldPlayer2);
+
+/// Headers of both players and the team.
+void showNamesInHeaders(Session& session);
+
+/// Rewrites `names.dat`.
+void saveNames(const Session& session);
+
+}  // namespace kavo

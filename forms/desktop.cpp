@@ -1,0 +1,45 @@
+#include "forms/desktop.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QProcess>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QUrl>
+
+namespace kavo {
+
+bool SystemDesktop::open(const QString& documentOrAddress)
+{
+    if (QFileInfo::exists(documentOrAddress))
+        return QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(documentOrAddress).absoluteFilePath()));
+    const QUrl url(documentOrAddress, QUrl::StrictMode);
+    const QStringList kAllowed = {"http", "https", "mailto"};
+    return url.isValid() && kAllowed.contains(url.scheme()) && QDesktopServices::openUrl(url);
+}
+
+bool SystemDesktop::start(const QString& program, const QStringList& arguments)
+{
+    return QProcess::startDetached(program, arguments);
+}
+
+std::optional<QString> SystemDesktop::registryValue([[maybe_unused]] const QString& key,
+                                                    [[maybe_unused]] const QString& name)
+{
+#ifdef Q_OS_WIN
+    const QSettings registry("HKEY_LOCAL_MACHINE\\" + key, QSettings::NativeFormat);
+    const QVariant value = registry.value(name);
+    if (!value.isValid()) return std::nullopt;
+    // Numbers are shown the way the registry's own tools of the time did.
+    return value.typeId() == QMetaType::QString ? value.toString() : "&h" + QString::number(value.toUInt(), 16);
+#else
+    return std::nullopt;
+#endif
+}
+
+QString SystemDesktop::findProgram(const QString& name)
+{
+    return QStandardPaths::findExecutable(name);
+}
+
+}  // namespace kavo

@@ -1,0 +1,28 @@
+#include "forms/screen_text.h"
+
+#include "core/file_name.h"
+#include "core/text.h"
+
+namespace kavo {
+
+QString toScreen(std::string_view bytes)
+{
+    return QString::fromStdString(toUtf8(bytes));
+}
+
+QString pathToScreen(const std::filesystem::path& path)
+{
+    return toScreen(std::string_view(textOf(path)));
+}
+
+std::string fromScreen(const QString& text)
+{
+    return text.toStdString();
+}
+
+std::string fromScreen(const QString& text, std::string_view offered)
+{
+    return text == toScreen(offered) ? std::string(offered) : fromScreen(text);
+}
+
+}  // namespace kavo

@@ -1,0 +1,103 @@
+#include "forms/window_painting.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QRadioButton>
+#include <QScrollBar>
+
+namespace kavo {
+
+namespace {
+
+constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+
+/// The desktop's palette for a control, with every role set, so that none comes from the window below.
+QPalette ownPalette(const QWidget& control)
+{
+    const QPalette desktop = QApplication::palette(&control);
+    QPalette palette = desktop;
+    for (const auto group : kGroups)
+        for (int role = 0; role < QPalette::NColorRoles; ++role)
+            palette.setBrush(group, static_cast<QPalette::ColorRole>(role),
+                             desktop.brush(group, static_cast<QPalette::ColorRole>(role)));
+    return palette;
+}
+
+QPalette paletteOf(const QWidget& control, Colour text, Colour background)
+{
+    QPalette palette = ownPalette(control);
+    for (const auto role : {QPalette::WindowText, QPalette::Text}) palette.setColor(role, toQColor(text));
+    palette.setColor(QPalette::Window, toQColor(background));
+    return palette;
+}
+
+void paintControl(QWidget& control, Colour text, Colour background)
+{
+    control.setAutoFillBackground(true);
+    control.setPalette(paletteOf(control, text, background));
+}
+
+/// Between two colours: 0 is the first, 1 the second.
+QColor blend(const QColor& first, const QColor& second, double share)
+{
+    const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
+    return {mix(first.red(), second.red()), mix(first.green(), second.green()), mix(first.blue(), second.blue())};
+}
+
+}  // namespace
+
+QColor toQColor(Colour colour)
+{
+    const auto packed = static_cast<quint32>(colour);
+    return {static_cast<int>(packed & 0xFFU), static_cast<int>((packed >> 8U) & 0xFFU),
+            static_cast<int>((packed >> 16U) & 0xFFU)};
+}
+
+Colour fromQColor(const QColor& colour)
+{
+    return rgb(colour.red(), colour.green(), colour.blue());
+}
+
+void paintWindow(QWidget& window, const ColourSet& colours)
+{
+    paintControl(window, colours.ColLabels, colours.ColBack);
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        if (qobject_cast<QLabel*>(control) != nullptr || qobject_cast<QRadioButton*>(control) != nullptr)
+            paintControl(*control, colours.ColLabels, colours.ColBack);
+        else if (qobject_cast<QGroupBox*>(control) != nullptr)
+            paintControl(*control, colours.ColFrames, colours.ColBack);
+        else
+            control->setPalette(ownPalette(*control));
+    }
+}
+
+void paintSwatch(QWidget& swatch, Colour colour)
+{
+    swatch.setAutoFillBackground(true);
+    QPalette palette = ownPalette(swatch);
+    palette.setColor(QPalette::Window, toQColor(colour));
+    swatch.setPalette(palette);
+}
+
+void paintTable(QWidget& window, QAbstractItemView& list, const ColourSet& colours)
+{
+    paintControl(window, colours.ColText, colours.ColBack);
+    QPalette palette = paletteOf(list, colours.ColText, colours.ColBack);
+    palette.setColor(QPalette::Base, toQColor(colours.ColBack));
+    // The selected row is only tinted, so that its grades keep their colours.
+    constexpr double kTint = 0.2;
+    for (const auto group : kGroups) {
+        const QColor highlight = QApplication::palette(&list).color(group, QPalette::Highlight);
+        palette.setColor(group, QPalette::Highlight, blend(toQColor(colours.ColBack), highlight, kTint));
+        palette.setColor(group, QPalette::HighlightedText, toQColor(colours.ColText));
+    }
+    list.setPalette(palette);
+    for (QWidget* part : list.findChildren<QWidget*>())
+        if (qobject_cast<QHeaderView*>(part) != nullptr || qobject_cast<QScrollBar*>(part) != nullptr)
+            part->setPalette(ownPalette(*part));
+}
+
+}  // namespace kavo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class frmSplash;
+}
+
+/// The splash window, in front while the main window loads. A key or a click closes it.
+///
+/// | control        | meaning                                          |
+/// |----------------|--------------------------------------------------|
+/// | Frame1         | holds the rest                                   |
+/// | imgLogo        | the logo                                         |
+/// | lblProductName | the application's title                          |
+/// | lblVersion     | "Version " major "." minor " build " revision    |
+class frmSplash final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmSplash();
+    ~frmSplash() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    void Form_Load();
+
+    std::unique_ptr<Ui::frmSplash> ui;
+};

@@ -1,0 +1,218 @@
+#include "ui/main/main_window.h"
+
+#include "core/filters.h"
+#include "core/player_names.h"
+#include "core/users.h"
+#include "forms/prompts.h"
+#include "forms/screen_text.h"
+#include "forms/window_painting.h"
+#include "ui/main/popup_menu.h"
+#include "ui_main_window.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScrollBar>
+
+using kavo::toScreen;
+
+Form1::Form1(const kavo::Services& services, kavo::Navigator& navigator)
+    : ui(std::make_unique<Ui::Form1>()),
+      m_services(services),
+      m_navigator(navigator),
+      m_model(services.session),
+      popup(std::make_unique<QMenu>("PopUp", this))
+{
+    ui->setupUi(this);
+    ui->lv->setModel(&m_model);
+    ui->lv->header()->setSectionsClickable(true);
+    ui->lv->header()->setSectionsMovable(false);
+    popup->setObjectName("popup");
+    kavo::buildPopupMenu(*popup, *this);
+    wire();
+}
+
+Form1::~Form1() = default;
+
+void Form1::wire()
+{
+    connect(ui->lv->header(), &QHeaderView::sectionClicked, this, &Form1::lv_ColumnClick);
+    connect(ui->lv->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) { m_services.session.table.selectRow(current.row() + 1); });
+    ui->lv->installEventFilter(this);
+    ui->lv->viewport()->installEventFilter(this);
+}
+
+void Form1::open()
+{
+    Form_Load();
+    show();
+    activateWindow();
+}
+
+void Form1::reload()
+{
+    if (m_isLoading) {
+        m_reloadWanted = true;
+        return;
+    }
+    Form_QueryUnload();
+    Form_Load();
+}
+
+// Form: the loading sequence
+void Form1::Form_Load()
+{
+    do {
+        m_reloadWanted = false;
+        showLoaded(runLoading());
+    } while (m_reloadWanted);
+}
+
+kavo::LoadingResult Form1::runLoading()
+{
+    m_isLoading = true;
+    LayoutLoaded = false;
+    if (!isVisible()) applyDesignedLayout();
+    const int scrolled = ui->lv->verticalScrollBar()->value();
+    m_model.beginChange();
+    const kavo::LoadingResult result = kavo::load(m_services.session, *this);
+    m_model.endChange();
+    m_isLoading = false;
+    ui->lv->verticalScrollBar()->setValue(scrolled);
+    return result;
+}
+
+void Form1::showLoaded(const kavo::LoadingResult& result)
+{
+    const kavo::Session& session = m_services.session;
+    setWindowTitle(toScreen(session.caption));
+    kavo::paintTable(*this, *ui->lv, session.colours);
+    showFontSize(session.fontSize);
+    showSelectedRow();
+    if (result.end == kavo::LoadingEnd::Completed) applyFinalPlace();
+    if (result.end == kavo::LoadingEnd::Error) {
+        emit aboutToPrompt();
+        m_services.prompts.tell(this, {.text = result.error, .icon = kavo::MessageIcon::Critical});
+    }
+}
+
+void Form1::showFontSize(double points)
+{
+    constexpr double kLargest = 200;  // points; anything larger hides the table
+    QFont font("Microsoft Sans Serif");
+    font.setPointSizeF(std::min(points, kLargest));
+    ui->lv->setFont(font);
+}
+
+void Form1::showSelectedRow()
+{
+    const int row = m_services.session.table.selectedRow();
+    // Selecting the totals row must not scroll the first levels away.
+    ui->lv->setAutoScroll(false);
+    ui->lv->setCurrentIndex(row > 0 ? m_model.index(row - 1, 0) : QModelIndex());
+    ui->lv->setAutoScroll(true);
+}
+
+void Form1::showMessage(const kavo::Message& message)
+{
+    m_model.endChange();
+    emit aboutToPrompt();
+    m_services.prompts.tell(this, message);
+    m_model.beginChange();
+}
+
+kavo::AfterOptions Form1::openOptions()
+{
+    m_model.endChange();
+    emit aboutToPrompt();
+    mnuOpt_Click();
+    m_model.beginChange();
+    return m_reloadWanted ? kavo::AfterOptions::Abandon : kavo::AfterOptions::GoOn;
+}
+
+void Form1::filter(kavo::FilterSide side, std::string_view name)
+{
+    reload();
+    if (name.empty()) return;
+    kavo::applyFilter(m_services.session.table, side, name);
+    m_model.textsChanged();
+}
+
+// lv and the window: keyboard and mouse
+bool Form1::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress: return Form_KeyDown(*static_cast<QKeyEvent*>(event));
+    case QEvent::MouseButtonPress: return lv_MouseDown(*static_cast<QMouseEvent*>(event));
+    case QEvent::MouseButtonDblClick:
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) mnuLevsStats_Click();
+        return true;
+    case QEvent::ContextMenu: return lv_ContextMenu(*static_cast<QContextMenuEvent*>(event));
+    case QEvent::Paint:
+        if (watched == ui->lv->viewport()) noteFirstPaint();
+        break;
+    default: break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void Form1::noteFirstPaint()
+{
+    if (m_isPainted) return;
+    m_isPainted = true;
+    QMetaObject::invokeMethod(this, &Form1::painted, Qt::QueuedConnection);
+}
+
+void Form1::keyPressEvent(QKeyEvent* event)
+{
+    if (!Form_KeyDown(*event)) QWidget::keyPressEvent(event);
+}
+
+bool Form1::Form_KeyDown(QKeyEvent& event)
+{
+    const kavo::MenuEntry* entry = kavo::entryOfKey(event.keyCombination());
+    if (entry == nullptr) return false;
+    event.accept();
+    if (!event.isAutoRepeat()) (this->*entry->action)();
+    return true;
+}
+
+bool Form1::lv_MouseDown(const QMouseEvent& event)
+{
+    if (event.button() == Qt::RightButton) popup->popup(event.globalPosition().toPoint());
+    return false;
+}
+
+bool Form1::lv_ContextMenu(const QContextMenuEvent& event)
+{
+    // The mouse has opened the menu at its press; the menu key opens it at the selected row.
+    if (event.reason() == QContextMenuEvent::Mouse) return true;
+    const QRect row = ui->lv->visualRect(ui->lv->currentIndex()).intersected(ui->lv->viewport()->rect());
+    popup->popup(ui->lv->viewport()->mapToGlobal(row.isEmpty() ? QPoint() : row.bottomLeft()));
+    return true;
+}
+
+// lv: a click on a column header renames what it shows
+void Form1::lv_ColumnClick(int section)
+{
+    kavo::Session& session = m_services.session;
+    const std::string oldPlayer1 = session.state.Player1Name;
+    const std::string oldPlayer2 = session.state.Player2Name;
+    askName(static_cast<kavo::Column>(section));
+    kavo::showChangedNames(session, oldPlayer1, oldPlayer2);
+    m_model.textsChanged();
+    kavo::saveNames(session);
+    Form_Resize();
+}
+
+void Form1::askName(kavo::Column column)
+{
+    std::string* name = kavo::nameOfHeader(m_services.session.state, column);
+    if (name == nullptr) return;
+    const bool isTeam = column == kavo::Column::Team;
+    const auto answer =
+        m_services.prompts.askLine(this, {isTeam ? "Change team name" : "Change player name",
+                                          isTeam ? "Input team name:" : "Input player name:", toScreen(*name)});
+    if (answer && !answer->isEmpty()) *name = kavo::fromScreen(*answer, *name);
+}

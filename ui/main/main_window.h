@@ -1,0 +1,119 @@
+#pragma once
+
+#include "core/filters.h"
+#include "core/loading.h"
+#include "core/window_layout.h"
+#include "forms/services.h"
+#include "ui/main/results_model.h"
+#include "ui/navigator.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+class QMenu;
+
+namespace Ui {
+class Form1;
+}
+
+/// "Kavo Timing 2.1  User: ...": the main window, one table with a row per level and a popup menu from
+/// which everything else is reached.
+///
+/// | control | meaning                                                      |
+/// |---------|--------------------------------------------------------------|
+/// | lv      | the results table, nine columns                              |
+/// | popup   | the menu, opened by the right mouse button (popup_menu.cpp)  |
+class Form1 final : public QWidget, private kavo::LoadingHost
+{
+    Q_OBJECT
+
+public:
+    Form1(const kavo::Services& services, kavo::Navigator& navigator);
+    ~Form1() override;
+
+    /// Runs the loading and shows the window.
+    void open();
+
+    /// Runs the loading again in place. Asked for during a loading, it starts after that has returned.
+    void reload();
+
+    /// Reloads, then blanks the rows that do not match; an empty name is no filter.
+    void filter(kavo::FilterSide side, std::string_view name);
+
+    // Menu entries and keys (table: popup_menu.cpp, what they do: main_window_menu.cpp)
+    void mnuUpTargets_Click();
+    void mnuBUGs_Click();
+    void mnuOpt_Click();
+    void mnuFont_Click();
+    void mnuStats_Click();
+    void mnuLevsStats_Click();
+    void mnuHTML_Click();
+    void mnuExport_Click();
+    void mnuTextExport_Click();
+    void mnuRefresh_Click();
+    void mnuChangeUser_Click();
+    void mnuLinks_Click();
+    void mnuAbout_Click();
+
+signals:
+    /// The table has been painted for the first time.
+    void painted();
+
+    /// A box is about to be shown while the window loads.
+    void aboutToPrompt();
+
+    void closed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void wire();
+
+    // The loading, and what it asks of the window
+    void Form_Load();
+    kavo::LoadingResult runLoading();
+    void showLoaded(const kavo::LoadingResult& result);
+    void showFontSize(double points);
+    void showSelectedRow();
+    void showMessage(const kavo::Message& message) override;
+    [[nodiscard]] kavo::AfterOptions openOptions() override;
+    void applyLayout(const std::vector<double>& values) override;
+    void layoutLoaded() override;
+
+    // Window layout (main_window_layout.cpp)
+    [[nodiscard]] kavo::WindowLayout currentLayout() const;
+    void applyDesignedLayout();
+    void applyFinalPlace();
+    void keepOnScreen();
+    void saveLayout();
+    void Form_Resize();
+    void Form_MouseUp();
+    void Form_QueryUnload();
+
+    // Keyboard, mouse and column headers
+    bool Form_KeyDown(QKeyEvent& event);
+    bool lv_MouseDown(const QMouseEvent& event);
+    bool lv_ContextMenu(const QContextMenuEvent& event);
+    void noteFirstPaint();
+    void lv_ColumnClick(int section);
+    void askName(kavo::Column column);
+
+    std::unique_ptr<Ui::Form1> ui;
+    kavo::Services m_services;
+    kavo::Navigator& m_navigator;
+    kavo::ResultsModel m_model;
+    std::unique_ptr<QMenu> popup;
+    bool LayoutLoaded = false;  ///< from then on resizing is the user's and is kept
+    bool m_isLoading = false;
+    bool m_reloadWanted = false;
+    bool m_layoutFailed = false;  ///< told once, not at every step of a resize
+    bool m_isPainted = false;
+};

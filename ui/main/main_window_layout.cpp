@@ -1,0 +1,134 @@
+// Place, size and column widths of the main window, and the file that keeps them.
+
+#include "core/file_name.h"
+#include "core/run_time_error.h"
+#include "core/text_file.h"
+#include "core/window_layout.h"
+#include "forms/prompts.h"
+#include "forms/twips.h"
+#include "ui/main/main_window.h"
+#include "ui_main_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScreen>
+#include <QScrollBar>
+
+using kavo::toPixels;
+using kavo::toTwips;
+
+namespace {
+
+constexpr double kFinalTop = 10;                                                       // twips
+constexpr double kHeightBelowScreen = 550;                                             // twips
+constexpr int kDesignedWidths[kavo::kColumns] = {18, 12, 13, 12, 13, 12, 12, 13, 14};  // average characters
+
+}  // namespace
+
+void Form1::applyDesignedLayout()
+{
+    const int character = fontMetrics().averageCharWidth();
+    int width = ui->lv->verticalScrollBar()->sizeHint().width();
+    for (int column = 0; column < kavo::kColumns; ++column) {
+        ui->lv->setColumnWidth(column, kDesignedWidths[column] * character);
+        width += kDesignedWidths[column] * character;
+    }
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    resize(std::min(width, area.width()), area.height());
+    move(area.left() + std::max(0, (area.width() - width) / 2), area.top());
+}
+
+void Form1::applyLayout(const std::vector<double>& values)
+{
+    const kavo::WindowLayout layout = kavo::withValues(currentLayout(), values);
+    move(toPixels(layout.left), toPixels(layout.top));
+    resize(toPixels(layout.width), toPixels(layout.height));
+    for (int column = 0; column < kavo::kStoredColumns; ++column)
+        ui->lv->setColumnWidth(column, toPixels(layout.columnWidths.at(static_cast<std::size_t>(column))));
+    keepOnScreen();
+}
+
+void Form1::layoutLoaded()
+{
+    LayoutLoaded = true;
+}
+
+void Form1::keepOnScreen()
+{
+    // A stored place may lie on a screen that has been unplugged since.
+    constexpr int kVisible = 100;  // pixels of the window's top edge that must be within reach
+    const QRect top(pos(), QSize(width(), kVisible));
+    for (const QScreen* screen : QGuiApplication::screens())
+        if (screen->geometry().intersected(top).width() >= std::min(kVisible, width())) return;
+    move(QGuiApplication::primaryScreen()->availableGeometry().topLeft());
+}
+
+void Form1::applyFinalPlace()
+{
+    // Whatever the file said: only the left edge, the widths and the columns carry over.
+    move(pos().x(), toPixels(kFinalTop));
+    resize(width(), toPixels(toTwips(screen()->geometry().height()) - kHeightBelowScreen));
+}
+
+kavo::WindowLayout Form1::currentLayout() const
+{
+    kavo::WindowLayout layout;
+    layout.left = toTwips(pos().x());
+    layout.top = toTwips(pos().y());
+    layout.height = toTwips(height());
+    layout.width = toTwips(width());
+    for (int column = 0; column < kavo::kStoredColumns; ++column)
+        layout.columnWidths.at(static_cast<std::size_t>(column)) = toTwips(ui->lv->columnWidth(column));
+    return layout;
+}
+
+void Form1::saveLayout()
+{
+    const auto& folder = m_services.session.userFolder;
+    if (folder.empty() || !kavo::folderExists(folder)) return;
+    try {
+        const auto path = kavo::layoutFile(folder);
+        const std::string text = kavo::formatLayout(currentLayout());
+        if (kavo::readFileIfThere(path) != text) kavo::replaceFile(path, text);
+        m_layoutFailed = false;
+    } catch (const kavo::RunTimeError& error) {
+        // Every step of a resize comes here: the user is told once.
+        if (std::exchange(m_layoutFailed, true)) return;
+        m_services.prompts.tell(this, {.text = error.what(), .icon = kavo::MessageIcon::Critical});
+    }
+}
+
+void Form1::Form_Resize()
+{
+    if (LayoutLoaded) saveLayout();
+}
+
+void Form1::Form_MouseUp()
+{
+    saveLayout();
+}
+
+void Form1::Form_QueryUnload()
+{
+    saveLayout();
+}
+
+void Form1::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    Form_Resize();
+}
+
+void Form1::mouseReleaseEvent(QMouseEvent* event)
+{
+    QWidget::mouseReleaseEvent(event);
+    Form_MouseUp();
+}
+
+void Form1::closeEvent(QCloseEvent* event)
+{
+    Form_QueryUnload();
+    event->accept();
+    emit closed();
+}

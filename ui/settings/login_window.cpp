@@ -1,0 +1,124 @@
+#include "ui/settings/login_window.h"
+
+#include "core/session.h"
+#include "core/users.h"
+#include "forms/prompts.h"
+#include "forms/screen_text.h"
+#include "ui_login_window.h"
+
+#include <QKeyEvent>
+#include <QScreen>
+
+#include <algorithm>
+
+using kavo::fromScreen;
+using kavo::toScreen;
+
+namespace {
+
+constexpr int kDesignedTop = 160;  // pixels
+
+}  // namespace
+
+frmLogin::frmLogin(const kavo::Services& services, kavo::Navigator& navigator)
+    : ui(std::make_unique<Ui::frmLogin>()), m_services(services), m_navigator(navigator)
+{
+    ui->setupUi(this);
+    setWindowFlag(Qt::WindowStaysOnTopHint);
+    wire();
+    Combo1_Change();
+}
+
+frmLogin::~frmLogin() = default;
+
+void frmLogin::wire()
+{
+    connect(ui->Combo1, &QComboBox::currentTextChanged, this, &frmLogin::Combo1_Change);
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmLogin::cmdCancel_Click);
+}
+
+void frmLogin::Form_Load()
+{
+    const auto& folder = m_services.session.programFolder;
+    m_knownNicks = kavo::readUsers(folder);
+    ui->Combo1->clear();
+    for (const std::string& known : m_knownNicks) ui->Combo1->addItem(toScreen(known));
+    ui->Combo1->setCurrentIndex(-1);
+    ui->Combo1->clearEditText();
+    if (const auto current = kavo::readCurrentUserIfThere(folder)) {
+        ui->Combo1->setEditText(toScreen(*current));
+        m_knownNicks.push_back(*current);
+    }
+    ui->Check1->setChecked(kavo::readAutoLogin(folder) == kavo::kAutoLogin);
+    if (ui->Check1->isChecked()) {
+        cmdOK_Click();
+        return;
+    }
+    adjustSize();
+    centreHorizontally();
+    show();
+    activateWindow();
+}
+
+void frmLogin::offer(const QString& nick, bool autoLogin)
+{
+    ui->Combo1->setEditText(nick);
+    ui->Check1->setChecked(autoLogin);
+}
+
+void frmLogin::centreHorizontally()
+{
+    const QRect area = screen()->geometry();
+    move(area.left() + area.width() / 2 - width() / 2, area.top() + kDesignedTop);
+}
+
+std::string frmLogin::nick() const
+{
+    const QString text = ui->Combo1->currentText();
+    const auto shown = std::find_if(m_knownNicks.begin(), m_knownNicks.end(),
+                                    [&text](const std::string& known) { return toScreen(known) == text; });
+    return shown == m_knownNicks.end() ? fromScreen(text) : *shown;
+}
+
+// Combo1: the nick
+void frmLogin::Combo1_Change()
+{
+    // The tool-tip speaks of twelve characters; ten are what the folders have always been limited to.
+    ui->cmdOK->setEnabled(kavo::isNickAllowed(nick()));
+}
+
+// cmdOK: log in
+void frmLogin::cmdOK_Click()
+{
+    const auto& folder = m_services.session.programFolder;
+    kavo::writeAutoLogin(folder, ui->Check1->isChecked());
+    const std::string chosen = nick();
+    if (kavo::createUserIfNew(folder, chosen))
+        m_services.prompts.tell(this, {std::string(kavo::messages::kNewUser) + chosen});
+    kavo::writeCurrentUser(folder, chosen);
+    m_navigator.showMain();
+}
+
+// cmdCancel: end the program
+void frmLogin::cmdCancel_Click()
+{
+    m_navigator.quit();
+}
+
+void frmLogin::Form_KeyPress(int key)
+{
+    if (key == Qt::Key_Escape) cmdCancel_Click();
+}
+
+void frmLogin::keyPressEvent(QKeyEvent* event)
+{
+    Form_KeyPress(event->key());
+    if (event->key() != Qt::Key_Escape) QDialog::keyPressEvent(event);
+}
+
+void frmLogin::closeEvent(QCloseEvent* event)
+{
+    QDialog::closeEvent(event);
+    m_navigator.quit();
+}

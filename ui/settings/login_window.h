@@ -1,0 +1,57 @@
+#pragma once
+
+#include "forms/services.h"
+#include "ui/navigator.h"
+
+#include <QDialog>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Ui {
+class frmLogin;
+}
+
+/// "Login": the first window; chooses the user.
+///
+/// | control     | meaning                                             |
+/// |-------------|-----------------------------------------------------|
+/// | lblLabels_0 | "Nick:"                                             |
+/// | Combo1      | the nick: typed, or picked from the users there are |
+/// | cmdOK       | log in                                              |
+/// | cmdCancel   | end the program                                     |
+/// | Check1      | log in without asking at the next start             |
+class frmLogin final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmLogin(const kavo::Services& services, kavo::Navigator& navigator);
+    ~frmLogin() override;
+
+    /// Fills the controls from the login files; logs in at once when auto-login is on, and is shown
+    /// otherwise.
+    void Form_Load();
+
+    /// The nick and the choice to begin with, after the main window was left.
+    void offer(const QString& nick, bool autoLogin);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void wire();
+    void Combo1_Change();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+    void Form_KeyPress(int key);
+    void centreHorizontally();
+    [[nodiscard]] std::string nick() const;
+
+    std::unique_ptr<Ui::frmLogin> ui;
+    kavo::Services m_services;
+    kavo::Navigator& m_navigator;
+    std::vector<std::string> m_knownNicks;  ///< bytes behind the texts that the list shows
+};
