@@ -7,14 +7,23 @@
 #include "forms/screen_text.h"
 #include "forms/window_painting.h"
 #include "ui/main/popup_menu.h"
+#include "ui/main/results_delegate.h"
 #include "ui_main_window.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QScrollBar>
 
 using kavo::toScreen;
+
+namespace {
+
+constexpr const char* kEmptyTableHint =
+    "No results yet.\nF2 chooses the game's stats.txt, the right mouse button opens the menu.";
+
+}  // namespace
 
 Form1::Form1(const kavo::Services& services, kavo::Navigator& navigator)
     : ui(std::make_unique<Ui::Form1>()),
@@ -25,9 +34,11 @@ Form1::Form1(const kavo::Services& services, kavo::Navigator& navigator)
 {
     ui->setupUi(this);
     ui->lv->setModel(&m_model);
+    ui->lv->setItemDelegate(new kavo::ResultsDelegate(this));
     ui->lv->header()->setSectionsClickable(true);
     ui->lv->header()->setSectionsMovable(false);
     popup->setObjectName("popup");
+    showFontSize(kavo::kDesignedFontSize);
     kavo::buildPopupMenu(*popup, *this);
     wire();
 }
@@ -151,6 +162,7 @@ bool Form1::eventFilter(QObject* watched, QEvent* event)
     case QEvent::ContextMenu: return lv_ContextMenu(*static_cast<QContextMenuEvent*>(event));
     case QEvent::Paint:
         if (watched == ui->lv->viewport()) noteFirstPaint();
+        if (watched == ui->lv->viewport() && m_model.rowCount() == 0) return paintEmptyTable();
         break;
     default: break;
     }
@@ -162,6 +174,14 @@ void Form1::noteFirstPaint()
     if (m_isPainted) return;
     m_isPainted = true;
     QMetaObject::invokeMethod(this, &Form1::painted, Qt::QueuedConnection);
+}
+
+bool Form1::paintEmptyTable()
+{
+    QPainter painter(ui->lv->viewport());
+    painter.setPen(ui->lv->palette().color(QPalette::Text));
+    painter.drawText(ui->lv->viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, kEmptyTableHint);
+    return true;
 }
 
 void Form1::keyPressEvent(QKeyEvent* event)

@@ -103,6 +103,7 @@ private:
     bool lv_MouseDown(const QMouseEvent& event);
     bool lv_ContextMenu(const QContextMenuEvent& event);
     void noteFirstPaint();
+    bool paintEmptyTable();
     void lv_ColumnClick(int section);
     void askName(kavo::Column column);
 

@@ -15,24 +15,36 @@
 #include <QScreen>
 #include <QScrollBar>
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 using kavo::toPixels;
 using kavo::toTwips;
 
 namespace {
 
-constexpr double kFinalTop = 10;                                                       // twips
-constexpr double kHeightBelowScreen = 550;                                             // twips
-constexpr int kDesignedWidths[kavo::kColumns] = {18, 12, 13, 12, 13, 12, 12, 13, 14};  // average characters
+constexpr double kFinalTop = 10;            // twips
+constexpr double kHeightBelowScreen = 550;  // twips
+
+/// What each column has room for in the designed layout, in bold.
+constexpr std::array<const char*, kavo::kColumns> kDesignedTexts = {
+    "54, Apple Harvest of", "Player name",  "Professional", "Player name", "Professional",
+    "Difference",           "Team of both", "Professional", "Player name"};
+constexpr int kCellMargin = 20;  // pixels
 
 }  // namespace
 
 void Form1::applyDesignedLayout()
 {
-    const int character = fontMetrics().averageCharWidth();
+    QFont font = ui->lv->font();
+    font.setBold(true);
+    const QFontMetrics metrics(font);
     int width = ui->lv->verticalScrollBar()->sizeHint().width();
     for (int column = 0; column < kavo::kColumns; ++column) {
-        ui->lv->setColumnWidth(column, kDesignedWidths[column] * character);
-        width += kDesignedWidths[column] * character;
+        const int columnWidth = metrics.horizontalAdvance(kDesignedTexts.at(static_cast<std::size_t>(column)));
+        ui->lv->setColumnWidth(column, columnWidth + kCellMargin);
+        width += columnWidth + kCellMargin;
     }
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
     resize(std::min(width, area.width()), area.height());
