@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/colour_set.h"
+#include "core/results_state.h"
+#include "core/results_table.h"
+#include "reports/spreadsheet.h"
+
+#include <string>
+#include <string_view>
+
+namespace kavo {
+
+/// A time as spreadsheets read it: 01:23:45 is 01:23,45. A text that is no time is treated alike; an
+/// empty one stays empty.
+[[nodiscard]] std::string spreadsheetForm(std::string_view time);
+
+/// Copies the table as it is shown into a new sheet, adds a title with the date and a summary of the
+/// grades, and leaves the application to the user. Where a step fails the export ends without a word.
+void ExportExcel(const ResultsTable& table, const ResultsState& state, const ColourSet& colours,
+                 std::string_view shortDate, const CreateSpreadsheet& create);
+
+}  // namespace kavo
