@@ -26,6 +26,7 @@ public:
 
     /// Puts other boxes in place of the real ones.
     void setPrompts(Prompts& prompts) { m_prompts = &prompts; }
+    void restorePrompts() { m_prompts = &m_screenPrompts; }
 
 private:
     ScreenPrompts m_screenPrompts;

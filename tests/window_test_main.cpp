@@ -5,6 +5,7 @@
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
+    if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();  // needs no display
     kavo::Application application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -40,25 +40,43 @@ void frmLogin::wire()
 
 void frmLogin::Form_Load()
 {
+    try {
+        fillControls();
+        if (ui->Check1->isChecked()) {
+            cmdOK_Click();
+            return;
+        }
+    } catch (...) {
+        // A broken login file must not leave the program running without a window.
+        present();
+        throw;
+    }
+    present();
+}
+
+void frmLogin::fillControls()
+{
     const auto& folder = m_services.session.programFolder;
     m_knownNicks = kavo::readUsers(folder);
     ui->Combo1->clear();
     for (const std::string& known : m_knownNicks) ui->Combo1->addItem(toScreen(known));
     ui->Combo1->setCurrentIndex(-1);
     ui->Combo1->clearEditText();
+    ui->Check1->setChecked(false);
     if (const auto current = kavo::readCurrentUserIfThere(folder)) {
         ui->Combo1->setEditText(toScreen(*current));
         m_knownNicks.push_back(*current);
     }
     ui->Check1->setChecked(kavo::readAutoLogin(folder) == kavo::kAutoLogin);
-    if (ui->Check1->isChecked()) {
-        cmdOK_Click();
-        return;
-    }
+}
+
+void frmLogin::present()
+{
     adjustSize();
     centreHorizontally();
     show();
     activateWindow();
+    ui->Combo1->setFocus();
 }
 
 void frmLogin::offer(const QString& nick, bool autoLogin)

@@ -47,6 +47,8 @@ private:
     void cmdOK_Click();
     void cmdCancel_Click();
     void Form_KeyPress(int key);
+    void fillControls();
+    void present();
     void centreHorizontally();
     [[nodiscard]] std::string nick() const;
 

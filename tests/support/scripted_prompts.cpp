@@ -1,0 +1,115 @@
+#include "tests/support/scripted_prompts.h"
+
+#include "forms/screen_text.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace kavo::test {
+
+namespace {
+
+QString described(const char* kind, const Message& message)
+{
+    const QString icon = message.icon == MessageIcon::Critical ? "critical " : "";
+    return icon + kind + " [" + toScreen(message.title) + "] " + toScreen(message.text);
+}
+
+QString described(const LineQuestion& question)
+{
+    return "line [" + question.title + "] " + question.prompt + " (" + question.preset + ")";
+}
+
+QString described(const char* kind, const QStringList& filters)
+{
+    return QString(kind) + " {" + filters.join(";;") + "}";
+}
+
+}  // namespace
+
+ScriptedPrompts::~ScriptedPrompts()
+{
+    for (; !m_script.empty(); m_script.pop())
+        ADD_FAILURE() << "never shown: " << qPrintable(m_script.front().described);
+}
+
+void ScriptedPrompts::expect(Box box)
+{
+    m_script.push(std::move(box));
+}
+
+ScriptedPrompts::Box ScriptedPrompts::take(const QString& described)
+{
+    if (m_script.empty()) {
+        ADD_FAILURE() << "unexpected box: " << qPrintable(described);
+        return {};
+    }
+    Box box = std::move(m_script.front());
+    m_script.pop();
+    EXPECT_EQ(qPrintable(described), std::string(qPrintable(box.described)));
+    if (box.meanwhile) box.meanwhile();
+    return box;
+}
+
+void ScriptedPrompts::expectMessage(const Message& message, std::function<void()> meanwhile)
+{
+    expect({.described = described("message", message), .meanwhile = std::move(meanwhile)});
+}
+
+void ScriptedPrompts::expectYesNo(const Message& message, Answer answer)
+{
+    expect({.described = described("question", message), .answer = answer});
+}
+
+void ScriptedPrompts::expectLine(const LineQuestion& question, std::optional<QString> answer)
+{
+    expect({.described = described(question), .text = std::move(answer)});
+}
+
+void ScriptedPrompts::expectFileToOpen(const QStringList& filters, const QString& answer)
+{
+    expect({.described = described("open", filters), .text = answer});
+}
+
+void ScriptedPrompts::expectFileToSave(const QStringList& filters, const QString& answer)
+{
+    expect({.described = described("save", filters), .text = answer});
+}
+
+void ScriptedPrompts::expectColour(const QColor& preset, const QColor& answer)
+{
+    expect({.described = "colour " + preset.name(), .colour = answer});
+}
+
+void ScriptedPrompts::tell(QWidget*, const Message& message)
+{
+    take(described("message", message));
+}
+
+Answer ScriptedPrompts::askYesNo(QWidget*, const Message& message)
+{
+    return take(described("question", message)).answer;
+}
+
+std::optional<QString> ScriptedPrompts::askLine(QWidget*, const LineQuestion& question)
+{
+    return take(described(question)).text;
+}
+
+QString ScriptedPrompts::askFileToOpen(QWidget*, const FileQuestion& question)
+{
+    return take(described("open", question.filters)).text.value_or(QString());
+}
+
+QString ScriptedPrompts::askFileToSave(QWidget*, const FileQuestion& question)
+{
+    return take(described("save", question.filters)).text.value_or(QString());
+}
+
+QColor ScriptedPrompts::askColour(QWidget*, const QColor& preset)
+{
+    return take("colour " + preset.name()).colour;
+}
+
+}  // namespace kavo::test

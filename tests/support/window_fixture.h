@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/application.h"
+#include "app/program.h"
+#include "tests/support/program_folder_fixture.h"
+#include "tests/support/scripted_prompts.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace kavo::test {
+
+/// A program on a copy of the demo folder, its boxes answered by a script.
+class ProgramTest : public testing::Test
+{
+protected:
+    ProgramTest()
+    {
+        copyDemo(folder);
+        application().setPrompts(prompts);
+    }
+
+    ~ProgramTest() override
+    {
+        program.reset();
+        application().restorePrompts();
+    }
+
+    static Application& application() { return *static_cast<Application*>(qApp); }
+
+    /// Shows the login window, or the main window when auto-login is on.
+    void start()
+    {
+        program = std::make_unique<Program>(folder.path(), prompts);
+        program->start();
+    }
+
+    /// Starts with auto-login, as the demo's user.
+    void startLoggedIn()
+    {
+        folder.write("autolog.dat", " 1 \r\n");
+        start();
+    }
+
+    [[nodiscard]] Form1& mainWindow() { return program->mainWindow(); }
+    [[nodiscard]] frmLogin& loginWindow() { return program->loginWindow(); }
+
+    /// A control of a window by its name; fails the test when there is none.
+    template <typename Control>
+    static Control& control(const QWidget& window, const char* name)
+    {
+        auto* found = window.findChild<Control*>(name);
+        if (found == nullptr) throw std::runtime_error(std::string("no control ") + name);
+        return *found;
+    }
+
+    static void click(QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }
+
+    TemporaryFolder folder;
+    ScriptedPrompts prompts;
+    std::unique_ptr<Program> program;
+};
+
+}  // namespace kavo::test
