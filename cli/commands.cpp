@@ -2,16 +2,21 @@
 
 #include "cli/report_json.h"
 #include "cli/table_print.h"
+#include "core/file_name.h"
 #include "core/filters.h"
 #include "core/program_folder.h"
 #include "core/run_time_error.h"
 #include "core/text.h"
+#include "core/text_file.h"
 #include "core/users.h"
 #include "core/version.h"
+#include "updater/records_page.h"
 
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <istream>
+#include <iterator>
 #include <optional>
 #include <ostream>
 
@@ -42,6 +47,7 @@ struct Request
     bool json = false;
     std::optional<std::string> filter1;
     std::optional<std::string> filter2;
+    std::string page;
 };
 
 /// A loading run for a command, with what it left.
@@ -90,6 +96,19 @@ int users(const Request& request, const CommandStreams& streams)
     return kDone;
 }
 
+std::string readAll(std::istream& in)
+{
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+int updateTargets(const Request& request, const CommandStreams& streams)
+{
+    const auto folder = findProgramFolder(programFolderSources(request.programFolder));
+    const std::string page = request.page == "-" ? readAll(streams.in) : readFile(locate(pathOf(request.page)));
+    rewriteTargets(folder, worldRecords(cutRecordTimes(page)));
+    return kDone;
+}
+
 std::vector<std::string> filterNames()
 {
     std::vector<std::string> names;
@@ -116,6 +135,13 @@ void addUsers(CLI::App& app, Command& chosen)
     app.add_subcommand("users", "Print the nicks, one a line")->callback([&chosen] { chosen = users; });
 }
 
+void addUpdateTargets(CLI::App& app, Request& request, Command& chosen)
+{
+    CLI::App* command = app.add_subcommand("update-targets", "Rewrite targets.txt from a downloaded records page");
+    command->add_option("--page", request.page, "The page; - reads standard input")->required();
+    command->callback([&chosen] { chosen = updateTargets; });
+}
+
 }  // namespace
 
 int runCommandLine(int argc, const char* const* argv, const CommandStreams& streams)
@@ -129,6 +155,7 @@ int runCommandLine(int argc, const char* const* argv, const CommandStreams& stre
     app.add_option("--user", request.user, "The user to load; by default who logged in last");
     app.require_subcommand(1);
     addShow(app, request, chosen);
+    addUpdateTargets(app, request, chosen);
     addUsers(app, chosen);
     try {
         app.parse(argc, argv);

@@ -1,0 +1,137 @@
+#include "updater/records_page.h"
+
+#include "core/file_name.h"
+#include "core/level_time.h"
+#include "core/targets.h"
+#include "core/text.h"
+#include "core/text_cursor.h"
+#include "core/text_file.h"
+
+#include <optional>
+
+namespace fs = std::filesystem;
+
+namespace kavo {
+
+namespace {
+
+constexpr std::string_view kPageAndQuery = "/records_kavo_wrs.php?mode=text";
+constexpr std::string_view kMarker = "align=\"right\">";  ///< stands right before every time
+constexpr std::size_t kTimeWidth = 7;                     ///< characters cut behind a marker
+constexpr std::size_t kSearchStep = 5;                    ///< from a marker to where the next search starts
+constexpr int kRowsOfPage = kLevels / 2;
+
+/// Cuts one time after the other out of the page.
+class TimeCutter final
+{
+public:
+    explicit TimeCutter(std::string_view page) : m_page(page) {}
+
+    std::string_view next()
+    {
+        const std::size_t marker = m_page.find(kMarker, m_searchFrom);
+        if (marker == std::string_view::npos) return withoutMarker();
+        m_searchFrom = marker + kSearchStep;
+        return firstCharacters(m_page.substr(marker + kMarker.size()), kTimeWidth);
+    }
+
+private:
+    /// On purpose: a marker that is not there counts as standing at position 0, one before the page. What
+    /// lies at the offsets from there is taken, and the next search starts at the page's beginning again.
+    std::string_view withoutMarker()
+    {
+        m_searchFrom = advance(m_page, 0, kSearchStep - 1);
+        return characters(m_page, kMarker.size(), kTimeWidth);
+    }
+
+    std::string_view m_page;
+    std::size_t m_searchFrom = 0;
+};
+
+/// A time that is shorter than the cut has the start of the closing tag behind it.
+std::string withoutTag(std::string_view cut)
+{
+    return replaceAll(replaceAll(replaceAll(cut, "<", ""), ">", ""), "/", "");
+}
+
+std::string normalised(const std::string& time)
+{
+    constexpr std::size_t kSecondsOnly = 5;          // SS,HH
+    constexpr std::size_t kWithOneDigitMinutes = 7;  // M:SS,HH
+    const std::size_t length = countCharacters(time);
+    const std::string_view front = length == kSecondsOnly ? "00:" : length == kWithOneDigitMinutes ? "0" : "";
+    return replaceAll(std::string(front) + time, ",", ":");
+}
+
+/// Targets that are about to be lost. A bad page that is read twice changes nothing the second time, and
+/// must not push the good targets out of the backup.
+std::optional<std::string> targetsToKeep(const fs::path& targets, std::string_view replacement)
+{
+    auto former = readFileIfThere(targets);
+    return former == replacement ? std::nullopt : former;
+}
+
+}  // namespace
+
+std::string recordsPageAddress(std::string_view host)
+{
+    std::string base(trimBlanks(host).empty() ? kRecordsHost : trimBlanks(host));
+    const std::string folded = foldCase(base);
+    if (!folded.starts_with("http://") && !folded.starts_with("https://")) base.insert(0, "http://");
+    if (base.ends_with('/')) base.pop_back();
+    return base.append(kPageAndQuery);
+}
+
+RecordTimes cutRecordTimes(std::string_view page)
+{
+    TimeCutter cutter(page);
+    RecordTimes times;
+    for (int row = 1; row <= kRowsOfPage; ++row) {
+        times[row] = withoutTag(cutter.next());
+        times[row + kRowsOfPage] = withoutTag(cutter.next());
+    }
+    return times;
+}
+
+TargetRecords worldRecords(const RecordTimes& times)
+{
+    TargetRecords records;
+    std::string total(kNoTime);
+    for (int level = 1; level <= kLevels; ++level) {
+        records[level] = normalised(times[level]);
+        total = AddTime(total, records[level]);
+    }
+    records[kTotalsRow] = total;
+    return records;
+}
+
+std::string joinTargets(const TargetRecords& records, std::string_view fixedTargets)
+{
+    std::string content;
+    TextCursor lines(fixedTargets);
+    for (int record = 1; record <= kTotalsRow; ++record)
+        content.append(records[record]).append(",").append(lines.line()).append(kLineEnd);
+    return content;
+}
+
+void rewriteTargets(const fs::path& programFolder, const TargetRecords& records)
+{
+    const std::string content =
+        parseFile(locate(programFolder / "targets_old.txt"),
+                  [&records](std::string_view fixedTargets) { return joinTargets(records, fixedTargets); });
+    const fs::path targets = targetsFile(programFolder);
+    const auto former = targetsToKeep(targets, content);
+    AtomicFile replacement(targets);
+    replacement.write(content);
+    if (!former) {
+        replacement.commit();
+        return;
+    }
+    // Both are on the disk before either takes its place: no room for one of them leaves both as they were.
+    AtomicFile backup(locate(programFolder / "targets.bak"));
+    backup.write(*former);
+    replacement.commit();
+    backup.commit();
+}
+
+}  // namespace kavo

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "core/one_based.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+/// The world-records page: a table of 27 rows with two right-aligned cells each, level r on the left and
+/// level r + 27 on the right (docs/records-page.md). Whatever a page holds, its parsing ends with 54 texts.
+namespace kavo {
+
+/// Host of the page unless the user names another.
+inline constexpr std::string_view kRecordsHost = "records.example.com";
+
+/// Address of the page on a host ("host" or "host:port"). A host that begins with http:// or https:// is
+/// the address that the page's path is added to; without one it is the default host.
+[[nodiscard]] std::string recordsPageAddress(std::string_view host);
+
+using RecordTimes = OneBased<std::string, kLevels>;
+using TargetRecords = OneBased<std::string, kTotalsRow>;
+
+/// The 54 record times as the page writes them (12,34 or 1:23,45). Texts of a page in another form are
+/// not checked: each is whatever stands where the time should.
+[[nodiscard]] RecordTimes cutRecordTimes(std::string_view page);
+
+/// The times as MM:SS:HH, and their sum as record 55.
+[[nodiscard]] TargetRecords worldRecords(const RecordTimes& times);
+
+/// Content of `targets.txt`: each world record with the line of `fixedTargets` (55 lines of World Class,
+/// Professional, Good, OK) that belongs to it. Throws RunTimeError(InputPastEnd) when lines are missing.
+[[nodiscard]] std::string joinTargets(const TargetRecords& records, std::string_view fixedTargets);
+
+/// Rewrites `targets.txt` from the records and `targets_old.txt`. The targets before are kept as
+/// `targets.bak`. Throws RunTimeError, with every file as it was: FileNotFound and InputPastEnd for
+/// `targets_old.txt`, and as AtomicFile does.
+void rewriteTargets(const std::filesystem::path& programFolder, const TargetRecords& records);
+
+}  // namespace kavo
