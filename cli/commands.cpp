@@ -154,6 +154,7 @@ int runCommandLine(int argc, const char* const* argv, const CommandStreams& stre
                    "Folder with users, targets and settings (environment: KAVO_PROGRAM_FOLDER)");
     app.add_option("--user", request.user, "The user to load; by default who logged in last");
     app.require_subcommand(1);
+    app.fallthrough();  // the common options may stand behind the command, too
     addShow(app, request, chosen);
     addUpdateTargets(app, request, chosen);
     addUsers(app, chosen);

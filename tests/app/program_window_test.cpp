@@ -1,0 +1,187 @@
+#include "tests/support/window_fixture.h"
+
+#include <QHeaderView>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QTreeView>
+
+namespace {
+
+using kavo::Message;
+using kavo::MessageIcon;
+using kavo::test::statisticsText;
+using kavo::test::targetsText;
+
+class ProgramWindows : public kavo::test::ProgramTest
+{
+protected:
+    QTreeView& list() { return control<QTreeView>(mainWindow(), "lv"); }
+
+    QString cell(int row, int column) { return list().model()->index(row - 1, column).data().toString(); }
+    QString header(int column) { return list().model()->headerData(column, Qt::Horizontal).toString(); }
+};
+
+TEST_F(ProgramWindows, MainWindowShowsTheGradedTable)
+{
+    startLoggedIn();
+    const auto* model = list().model();
+    EXPECT_EQ(model->rowCount(), 55);
+    EXPECT_EQ(model->columnCount(), 9);
+    EXPECT_EQ(header(0), "Level");
+    EXPECT_EQ(header(1), "Marek");
+    EXPECT_EQ(header(6), "Dust Devils");
+    EXPECT_EQ(cell(1, 0), "1, Warm Up");
+    EXPECT_EQ(cell(55, 0), "TOTAL TIME:");
+    EXPECT_EQ(cell(7, 1), "00:19:05");  // the bug-time
+    EXPECT_EQ(cell(7, 2), "World Record");
+    EXPECT_EQ(model->index(6, 2).data(Qt::ForegroundRole).value<QColor>(), QColor(255, 0, 0));
+    EXPECT_EQ(model->index(16, 2).data(Qt::ForegroundRole).value<QColor>(), QColor(0, 0, 0));
+    EXPECT_TRUE(model->index(54, 0).data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_FALSE(model->index(0, 0).data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_EQ(list().currentIndex().row(), 54);
+}
+
+TEST_F(ProgramWindows, DesignedColoursAreTheDefaultSchemeOnDarkDesktopsToo)
+{
+    const QPalette desktop = QApplication::palette();
+    QPalette dark(Qt::black);
+    QApplication::setPalette(dark);
+    startLoggedIn();
+    EXPECT_EQ(list().palette().color(QPalette::Base), QColor(255, 255, 255));
+    EXPECT_EQ(list().palette().color(QPalette::Text), QColor(0, 0, 0));
+    EXPECT_EQ(mainWindow().palette().color(QPalette::Window), QColor(255, 255, 255));
+    QApplication::setPalette(desktop);
+}
+
+TEST_F(ProgramWindows, MissingTargetsAreToldOncePerLoading)
+{
+    std::filesystem::remove(folder / "targets.txt");
+    const Message message{.text = std::string(kavo::messages::kMissingTargets), .icon = MessageIcon::Critical};
+    prompts.expectMessage(message);
+    startLoggedIn();
+    EXPECT_EQ(cell(1, 2), "Beginner");
+    prompts.expectMessage(message, [this] {
+        // The boxes that a loading shows lie over nothing of its own.
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            EXPECT_FALSE(window->objectName() == "frmSplash" && window->isVisible());
+        EXPECT_EQ(list().model()->rowCount(), 0);
+    });
+    QTest::keyClick(&list(), Qt::Key_F5);
+    EXPECT_EQ(list().model()->rowCount(), 55);
+}
+
+TEST_F(ProgramWindows, RefreshReadsEverythingAnewInTheSameWindow)
+{
+    startLoggedIn();
+    const QWidget* window = &mainWindow();
+    folder.write("game/stats.txt", statisticsText({"00:09:99 Marek"}));
+    folder.write("targets.txt", targetsText());
+    QTest::keyClick(&list(), Qt::Key_F5);
+    EXPECT_EQ(window, &mainWindow());
+    EXPECT_EQ(cell(1, 1), "00:09:99");
+    EXPECT_EQ(cell(1, 2), "World Record");
+    EXPECT_EQ(cell(2, 1), "00:30:00");
+    EXPECT_TRUE(mainWindow().isVisible());
+}
+
+TEST_F(ProgramWindows, ErrorOfTheLoadingIsShownAndLeavesWhatWasFilled)
+{
+    std::string text = statisticsText();
+    text = text.substr(0, text.find("Level 3,"));
+    folder.write("game/stats.txt", text);
+    folder.write("Marek/bugs.dat", "Player1\r\nPlayer2\r\n");
+    prompts.expectMessage({.text = "Invalid procedure call or argument: stats.txt", .icon = MessageIcon::Critical});
+    startLoggedIn();
+    EXPECT_EQ(list().model()->rowCount(), 2);
+    EXPECT_EQ(header(1), "Time 1");
+    EXPECT_EQ(header(3), "Time 2");
+    EXPECT_EQ(header(6), "Team");
+    EXPECT_TRUE(mainWindow().isVisible());
+}
+
+TEST_F(ProgramWindows, UnreadableNumbersInSettingsDoNotStopTheStart)
+{
+    folder.write("Marek/data.ini", "game/stats.txt\r\nabc\r\nfriend/stats.txt\r\n\r\n-4\r\n");
+    folder.write("Marek/view.dat", " 30 \r\nx\r\n");
+    startLoggedIn();
+    EXPECT_EQ(list().model()->rowCount(), 55);
+    EXPECT_EQ(list().font().pointSizeF(), 8);
+    EXPECT_EQ(mainWindow().pos().x(), 2);
+}
+
+TEST_F(ProgramWindows, SecondProgramOnTheSameFolderEndsItself)
+{
+    startLoggedIn();
+    kavo::test::ScriptedPrompts noPrompts;
+    kavo::Program second(folder.path(), noPrompts);
+    QSignalSpy quits(qApp, &QCoreApplication::aboutToQuit);
+    QTimer::singleShot(0, &second, &kavo::Program::start);
+    QTimer::singleShot(5000, qApp, [] { qApp->exit(7); });
+    EXPECT_EQ(qApp->exec(), 0);
+    EXPECT_FALSE(second.mainWindow().isVisible());
+    EXPECT_TRUE(folder.has("kavo-timing.lock"));
+}
+
+TEST_F(ProgramWindows, LockOfACrashedProgramDoesNotKeepTheNextOneOut)
+{
+    QProcess finished;
+    finished.start("true", {});
+    const qint64 deadProcess = finished.processId();
+    finished.waitForFinished();
+    folder.write("kavo-timing.lock",
+                 std::to_string(deadProcess) + "\nkavo-timing\n" + QSysInfo::machineHostName().toStdString() + "\n");
+    startLoggedIn();
+    EXPECT_TRUE(mainWindow().isVisible());
+}
+
+TEST_F(ProgramWindows, TwoFoldersCanBeOpenAtOnce)
+{
+    startLoggedIn();
+    kavo::test::TemporaryFolder other;
+    kavo::test::copyDemo(other);
+    other.write("autolog.dat", " 1 \r\n");
+    kavo::Program second(other.path(), prompts);
+    second.start();
+    EXPECT_TRUE(second.mainWindow().isVisible());
+}
+
+TEST_F(ProgramWindows, ClosingTheMainWindowEndsTheProgram)
+{
+    startLoggedIn();
+    QTimer::singleShot(0, &mainWindow(), &QWidget::close);
+    QTimer::singleShot(5000, qApp, [] { qApp->exit(7); });
+    EXPECT_EQ(qApp->exec(), 0);
+}
+
+TEST_F(ProgramWindows, SplashIsGoneWhenTheMainWindowIsThere)
+{
+    startLoggedIn();
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_FALSE(window->objectName() == "frmSplash" && window->isVisible());
+}
+
+TEST_F(ProgramWindows, StrayErrorIsReportedAndTheProgramGoesOn)
+{
+    startLoggedIn();
+    // A folder stands where the auto-login file is rewritten.
+    std::filesystem::remove(folder / "autolog.dat");
+    std::filesystem::create_directories(folder / "autolog.dat");
+    prompts.expectMessage({.text = "Path/File access error: autolog.dat", .icon = MessageIcon::Critical});
+    QTest::keyClick(&list(), Qt::Key_F12);
+    EXPECT_TRUE(mainWindow().isVisible());
+    EXPECT_FALSE(loginWindow().isVisible());
+}
+
+TEST_F(ProgramWindows, LatinOneNameIsReadableAndSurvivesRenaming)
+{
+    folder.write("Marek/names.dat", "Jos\xE9\r\nPlayer2\r\nTeam\r\n");
+    startLoggedIn();
+    EXPECT_EQ(header(1), QString::fromUtf8("José"));
+    prompts.expectLine({"Change team name", "Input team name:", "Team"}, QString("Дуэт"));
+    emit list().header()->sectionClicked(6);
+    EXPECT_EQ(folder.read("Marek/names.dat"), "Jos\xE9\r\nЖанна\r\nДуэт\r\n");
+    EXPECT_EQ(header(6), QString::fromUtf8("Дуэт"));
+}
+
+}  // namespace
