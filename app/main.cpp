@@ -8,8 +8,10 @@
 #include <QCommandLineParser>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <string_view>
 
 namespace {
 
@@ -58,14 +60,23 @@ QStringList argumentsOf(int argc, char** argv)
     return arguments;
 }
 
+/// Whether the call only asks for the help or the version.
+bool asksOnly(int argc, char** argv)
+{
+    return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+        return argument == "--help" || argument == "-h" || argument == "--version";
+    });
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    // Help and version answer without a display.
     Options options;
-    if (const auto status = answerAtOnce(options, argumentsOf(argc, argv))) return *status;
-    kavo::Application application(argc, argv);
+    if (asksOnly(argc, argv))  // answered without a display
+        if (const auto status = answerAtOnce(options, argumentsOf(argc, argv))) return *status;
+    kavo::Application application(argc, argv);  // takes Qt's own options out
+    if (const auto status = answerAtOnce(options, kavo::Application::arguments())) return *status;
     try {
         std::optional<std::string> folder;
         if (options.parser.isSet(options.programFolder))
