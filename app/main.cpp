@@ -32,6 +32,12 @@ struct Options
     }
 };
 
+/// The help, also when there is no application yet that knows its own name.
+QString helpOf(const QCommandLineParser& parser)
+{
+    return parser.helpText().replace("<executable_name>", "kavo-timing");
+}
+
 /// The exit status when the arguments leave nothing to start.
 std::optional<int> answerAtOnce(Options& options, const QStringList& arguments)
 {
@@ -39,7 +45,7 @@ std::optional<int> answerAtOnce(Options& options, const QStringList& arguments)
     if (!options.parser.parse(arguments) || !options.parser.positionalArguments().isEmpty()) {
         const QString reason =
             options.parser.errorText().isEmpty() ? "Unexpected argument." : options.parser.errorText();
-        std::fprintf(stderr, "%s\n%s", qPrintable(reason), qPrintable(options.parser.helpText()));
+        std::fprintf(stderr, "%s\n%s", qPrintable(reason), qPrintable(helpOf(options.parser)));
         return kUsageError;
     }
     if (options.parser.isSet(options.version)) {
@@ -47,7 +53,7 @@ std::optional<int> answerAtOnce(Options& options, const QStringList& arguments)
         return 0;
     }
     if (options.parser.isSet(options.help)) {
-        std::printf("%s", qPrintable(options.parser.helpText()));
+        std::printf("%s", qPrintable(helpOf(options.parser)));
         return 0;
     }
     return std::nullopt;
