@@ -10,6 +10,8 @@
 #include "core/text_file.h"
 #include "core/users.h"
 #include "core/version.h"
+#include "reports/html_export.h"
+#include "reports/text_export.h"
 #include "updater/records_page.h"
 
 #include <CLI/CLI.hpp>
@@ -48,6 +50,8 @@ struct Request
     std::optional<std::string> filter1;
     std::optional<std::string> filter2;
     std::string page;
+    std::string reportFile;
+    std::string templateFile;
 };
 
 /// A loading run for a command, with what it left.
@@ -117,6 +121,54 @@ std::vector<std::string> filterNames()
     return names;
 }
 
+constexpr std::string_view kStandardOutput = "-";
+
+class StreamLines final : public ReportLines
+{
+public:
+    explicit StreamLines(std::ostream& out) : m_out(out) {}
+    void write(std::string_view text) override { m_out << text << kLineEnd; }
+
+private:
+    std::ostream& m_out;
+};
+
+/// Runs the loading and, when it went through to its end, an export of what it left.
+int exportLoaded(const Request& request, const CommandStreams& streams,
+                 const std::function<void(Session&)>& exportSession)
+{
+    Loaded loaded;
+    runLoading(loaded, request);
+    printMessages(loaded, streams.error);
+    if (statusOf(loaded.result) == kDone) exportSession(loaded.session);
+    return statusOf(loaded.result);
+}
+
+int exportTextReport(const Request& request, const CommandStreams& streams)
+{
+    return exportLoaded(request, streams, [&](const Session& session) {
+        StreamLines standardOutput(streams.out);
+        if (request.reportFile == kStandardOutput)
+            writeTextReport(session, standardOutput);
+        else
+            exportText(session, locate(pathOf(request.reportFile)));
+    });
+}
+
+int exportHtmlReport(const Request& request, const CommandStreams& streams)
+{
+    const auto templatePath = locate(pathOf(request.templateFile));
+    if (!fileExists(templatePath)) throw RunTimeError(Failure::FileNotFound, templatePath);
+    const TemplateSections sections = loadTemplateFile({}, templatePath);
+    return exportLoaded(request, streams, [&](Session& session) {
+        StreamLines standardOutput(streams.out);
+        if (request.reportFile == kStandardOutput)
+            writeHtmlReport(session, sections, datesOf(streams.now()), standardOutput);
+        else
+            exportHtml(session, sections, streams.now(), locate(pathOf(request.reportFile)));
+    });
+}
+
 using Command = std::function<int(const Request&, const CommandStreams&)>;
 
 void addShow(CLI::App& app, Request& request, Command& chosen)
@@ -133,6 +185,18 @@ void addShow(CLI::App& app, Request& request, Command& chosen)
 void addUsers(CLI::App& app, Command& chosen)
 {
     app.add_subcommand("users", "Print the nicks, one a line")->callback([&chosen] { chosen = users; });
+}
+
+void addExports(CLI::App& app, Request& request, Command& chosen)
+{
+    constexpr const char* kFile = "The report, which is replaced; - is standard output";
+    CLI::App* text = app.add_subcommand("export-text", "Write the results as a text report");
+    text->add_option("FILE", request.reportFile, kFile)->required();
+    text->callback([&chosen] { chosen = exportTextReport; });
+    CLI::App* html = app.add_subcommand("export-html", "Write the results in the form of a template");
+    html->add_option("--template", request.templateFile, "The template (.ett)")->required();
+    html->add_option("FILE", request.reportFile, kFile)->required();
+    html->callback([&chosen] { chosen = exportHtmlReport; });
 }
 
 void addUpdateTargets(CLI::App& app, Request& request, Command& chosen)
@@ -156,6 +220,7 @@ int runCommandLine(int argc, const char* const* argv, const CommandStreams& stre
     app.require_subcommand(1);
     app.fallthrough();  // the common options may stand behind the command, too
     addShow(app, request, chosen);
+    addExports(app, request, chosen);
     addUpdateTargets(app, request, chosen);
     addUsers(app, chosen);
     try {

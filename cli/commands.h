@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ctime>
+#include <functional>
 #include <iosfwd>
 
 namespace kavo {
@@ -11,6 +13,7 @@ struct CommandStreams
     std::ostream& out;
     std::ostream& error;
     bool isColoured = false;
+    std::function<std::time_t()> now = [] { return std::time(nullptr); };  ///< for the dates in reports
 };
 
 enum ExitStatus : int { kDone = 0, kEndedEarly = 1, kUsageError = 2 };

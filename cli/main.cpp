@@ -5,6 +5,7 @@
 #include <iostream>
 
 #ifdef _WIN32
+#include <fcntl.h>
 #include <io.h>
 #else
 #include <unistd.h>
@@ -32,5 +33,8 @@ bool isColourUnwanted()
 int main(int argc, char** argv)
 {
     std::ios::sync_with_stdio(false);
+#ifdef _WIN32
+    ::_setmode(::_fileno(stdout), _O_BINARY);  // a report has its line ends already
+#endif
     return kavo::runCommandLine(argc, argv, {std::cin, std::cout, std::cerr, isTerminal() && !isColourUnwanted()});
 }

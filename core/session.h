@@ -22,6 +22,10 @@ struct Session
     std::filesystem::path programFolder;
     ResultsState state;
 
+    /// From the opening of a template report until it is closed. One that breaks off is never closed, and
+    /// no other can then be written in this run.
+    bool isHtmlReportOpen = false;
+
     ResultsTable table;
     std::string UserName;
     std::filesystem::path userFolder;

@@ -191,6 +191,16 @@ void AtomicFile::commit()
     flushFolder(m_target.parent_path());
 }
 
+void AtomicFile::keepAsWritten() noexcept
+{
+    if (m_temporary.empty()) return;
+    if (m_file != nullptr) std::fclose(m_file);
+    m_file = nullptr;
+    std::error_code error;
+    fs::rename(m_temporary, m_target, error);
+    if (!error) m_temporary.clear();
+}
+
 void replaceFile(const fs::path& path, std::string_view content)
 {
     AtomicFile file(path);

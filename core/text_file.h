@@ -44,6 +44,9 @@ public:
     void write(std::string_view bytes);
     void commit();
 
+    /// In place of a commit that cannot be had: what was written so far takes the old file's place.
+    void keepAsWritten() noexcept;
+
 private:
     [[noreturn]] void fail(const std::error_code& error) const;
     void openTarget();

@@ -1,36 +1,22 @@
-#include "cli/commands.h"
 #include "core/text_file.h"
-#include "tests/support/program_folder_fixture.h"
+#include "tests/support/command_line.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace fs = std::filesystem;
+using kavo::test::Outcome;
 using kavo::test::TemporaryFolder;
 
 namespace {
 
-struct Outcome
-{
-    int status = 0;
-    std::string out;
-    std::string error;
-};
-
 Outcome run(const TemporaryFolder& folder, std::vector<std::string> arguments, const std::string& input = "")
 {
-    const std::string folderText = folder.path().string();
-    std::vector<const char*> argv = {"kavo-timing-cli", "--program-folder", folderText.c_str(), "update-targets"};
-    for (const std::string& argument : arguments) argv.push_back(argument.c_str());
-    std::istringstream in(input);
-    std::ostringstream out;
-    std::ostringstream error;
-    const int status = kavo::runCommandLine(static_cast<int>(argv.size()), argv.data(), {in, out, error});
-    return {status, out.str(), error.str()};
+    arguments.insert(arguments.begin(), "update-targets");
+    return kavo::test::runCommand(folder, arguments, input);
 }
 
 std::string sample(const char* name)

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <ctime>
+#include <locale>
+#include <string>
+
+namespace kavo {
+
+/// A moment as reports write it.
+struct ReportDates
+{
+    std::string date;
+    std::string dateTime;
+    std::string time;
+};
+
+/// The locale of the user's system; the plain C locale when the system does not have the one it names.
+[[nodiscard]] std::locale userLocale();
+
+/// The moment in local time and in the locale's own formats for dates and times.
+[[nodiscard]] ReportDates datesOf(std::time_t moment, const std::locale& locale = userLocale());
+
+}  // namespace kavo

@@ -1,0 +1,41 @@
+#include "reports/statistics.h"
+
+#include "core/text.h"
+
+#include <string_view>
+
+namespace kavo {
+
+namespace {
+
+/// By grade, best first. The blanks bring the TABs behind them into line in the text box's font.
+constexpr std::array<std::string_view, kCategories> kLabels = {
+    "World Records:", "World Class:", "Professional:", "Good:        ", "OK:           ", "Beginner: "};
+constexpr std::string_view kVictoriesLabel = "Victories:  ";
+
+std::string line(std::string_view label, int number)
+{
+    return std::string(kLineEnd).append(label).append("\t").append(std::to_string(number));
+}
+
+}  // namespace
+
+std::array<int, kStatisticsBars> statisticsFigures(const ResultsState& state, Side side)
+{
+    std::array<int, kStatisticsBars> figures{};
+    auto figure = figures.begin();
+    for (auto grade = grades().rbegin(); grade != grades().rend(); ++grade)
+        *figure++ = state.counter(side, grade->category);
+    *figure = state.victories(side);
+    return figures;
+}
+
+std::string statisticsText(const ResultsState& state, Side side)
+{
+    std::string text = "Your statistics: ";
+    for (const Grade& grade : grades())
+        text += line(kLabels.at(static_cast<std::size_t>(grade.category)), state.counter(side, grade.category));
+    return text + line(kVictoriesLabel, state.victories(side));
+}
+
+}  // namespace kavo

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "cli/commands.h"
+#include "tests/support/program_folder_fixture.h"
+
+#include <ctime>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace kavo::test {
+
+/// Local time 2026-03-07 14:05:09, the moment of the golden reports.
+inline std::time_t reportMoment()
+{
+    std::tm parts{};
+    parts.tm_year = 126;
+    parts.tm_mon = 2;
+    parts.tm_mday = 7;
+    parts.tm_hour = 14;
+    parts.tm_min = 5;
+    parts.tm_sec = 9;
+    parts.tm_isdst = -1;
+    return std::mktime(&parts);
+}
+
+/// What a command printed, and its exit status.
+struct Outcome
+{
+    int status = 0;
+    std::string out;
+    std::string error;
+};
+
+/// Runs kavo-timing-cli on a program folder.
+inline Outcome runCommand(const TemporaryFolder& folder, const std::vector<std::string>& arguments,
+                          const std::string& input = "")
+{
+    const std::string folderText = folder.path().string();
+    std::vector<const char*> argv = {"kavo-timing-cli", "--program-folder", folderText.c_str()};
+    for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+    std::istringstream in(input);
+    std::ostringstream out;
+    std::ostringstream error;
+    const int status = runCommandLine(static_cast<int>(argv.size()), argv.data(),
+                                      {in, out, error, false, [] { return reportMoment(); }});
+    return {status, out.str(), error.str()};
+}
+
+}  // namespace kavo::test
