@@ -32,16 +32,6 @@ std::optional<std::string> environmentValue(const char* name)
     return value;
 }
 
-fs::path thisExecutable()
-{
-    std::error_code ignored;
-#ifdef _WIN32
-    return fs::path(_wpgmptr);
-#else
-    return fs::read_symlink("/proc/self/exe", ignored);
-#endif
-}
-
 bool canBeWritten(const fs::path& folder)
 {
 #ifdef _WIN32
@@ -78,12 +68,22 @@ fs::path named(const std::string& folder)
 
 }  // namespace
 
+fs::path executableFolder()
+{
+#ifdef _WIN32
+    return fs::path(_wpgmptr).parent_path();
+#else
+    std::error_code ignored;
+    return fs::read_symlink("/proc/self/exe", ignored).parent_path();
+#endif
+}
+
 ProgramFolderSources programFolderSources(std::optional<std::string> option)
 {
     ProgramFolderSources sources;
     sources.option = std::move(option);
     sources.environment = environmentValue("KAVO_PROGRAM_FOLDER");
-    sources.executableFolder = thisExecutable().parent_path();
+    sources.executableFolder = executableFolder();
 #ifdef _WIN32
     sources.dataHome = environmentValue("LOCALAPPDATA");
 #else

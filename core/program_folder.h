@@ -17,6 +17,9 @@ struct ProgramFolderSources
     std::filesystem::path suppliedFiles;     ///< fills a folder in dataHome that is first made
 };
 
+/// The folder of the running program.
+[[nodiscard]] std::filesystem::path executableFolder();
+
 /// Options and environment of this process.
 [[nodiscard]] ProgramFolderSources programFolderSources(std::optional<std::string> option);
 

@@ -1,0 +1,44 @@
+#include "reports/libreoffice/module_entry.h"
+
+#include "reports/libreoffice/stored_spreadsheet.h"
+
+#include <exception>
+#include <type_traits>
+
+namespace {
+
+/// Exceptions of the office end here: nothing outside knows them.
+template <typename Create>
+kavo::Spreadsheet* created(Create create)
+{
+    try {
+        return create();
+    } catch (const css::uno::Exception&) {
+        return nullptr;
+    } catch (const std::exception&) {
+        return nullptr;
+    }
+}
+
+}  // namespace
+
+extern "C" {
+
+[[gnu::visibility("default")]] kavo::Spreadsheet* kavoCreateSpreadsheet()
+{
+    return created([] { return new kavo::LibreOfficeSpreadsheet({}); });
+}
+
+[[gnu::visibility("default")]] kavo::Spreadsheet* kavoCreateHeadlessSpreadsheet(const char* profileUrl,
+                                                                                const char* storeUrl)
+{
+    const kavo::OfficeChoice choice{.headlessProfileUrl = profileUrl};
+    return created([&]() -> kavo::Spreadsheet* {
+        if (storeUrl == nullptr) return new kavo::LibreOfficeSpreadsheet(choice);
+        return new kavo::StoredSpreadsheet(choice, storeUrl);
+    });
+}
+}
+
+static_assert(std::is_same_v<decltype(&kavoCreateSpreadsheet), kavo::CreateEntry>);
+static_assert(std::is_same_v<decltype(&kavoCreateHeadlessSpreadsheet), kavo::CreateHeadlessEntry>);

@@ -1,0 +1,59 @@
+#include "reports/spreadsheet_application.h"
+
+#ifdef _WIN32
+#include "reports/excel/excel_spreadsheet.h"
+#else
+#include "core/file_name.h"
+#include "core/program_folder.h"
+#include "reports/libreoffice/module_entry.h"
+
+#include <dlfcn.h>
+#endif
+
+#include <stdexcept>
+#include <string>
+
+namespace fs = std::filesystem;
+
+namespace kavo {
+
+#ifdef _WIN32
+
+std::unique_ptr<Spreadsheet> openSpreadsheetApplication()
+{
+    return std::make_unique<ExcelSpreadsheet>();
+}
+
+#else
+
+std::vector<fs::path> modulePlaces(const fs::path& executableFolder)
+{
+    return {executableFolder / kLibreOfficeModule,
+            executableFolder.parent_path() / "lib" / "kavo-timing" / kLibreOfficeModule};
+}
+
+void* moduleEntry(const fs::path& module, const char* name)
+{
+    // Never unloaded: the office's libraries leave threads behind that would go on in freed code.
+    void* library = ::dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    if (library == nullptr) throw std::runtime_error(::dlerror());
+    void* entry = ::dlsym(library, name);
+    if (entry == nullptr) throw std::runtime_error(module.string() + " has no " + name);
+    return entry;
+}
+
+std::unique_ptr<Spreadsheet> openSpreadsheetApplication()
+{
+    for (const fs::path& module : modulePlaces(executableFolder())) {
+        if (!fileExists(module)) continue;
+        const auto create = reinterpret_cast<CreateEntry>(moduleEntry(module, kCreateEntry));
+        std::unique_ptr<Spreadsheet> spreadsheet(create());
+        if (!spreadsheet) throw std::runtime_error("the office cannot be started");
+        return spreadsheet;
+    }
+    throw std::runtime_error("there is no module for the office");
+}
+
+#endif
+
+}  // namespace kavo

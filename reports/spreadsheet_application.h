@@ -1,0 +1,22 @@
+#pragma once
+
+#include "reports/spreadsheet.h"
+
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace kavo {
+
+/// The spreadsheet application of this platform: Excel on Windows, elsewhere LibreOffice Calc. Nothing of
+/// it is loaded before this is called. Throws a std::exception when there is none.
+[[nodiscard]] std::unique_ptr<Spreadsheet> openSpreadsheetApplication();
+
+/// Where LibreOffice's module is looked for, in this order, given the folder of the executable.
+[[nodiscard]] std::vector<std::filesystem::path> modulePlaces(const std::filesystem::path& executableFolder);
+
+/// The entry point of that name in a module, which stays loaded until the program ends. Throws
+/// std::runtime_error when the module cannot be loaded or has no such entry.
+[[nodiscard]] void* moduleEntry(const std::filesystem::path& module, const char* name);
+
+}  // namespace kavo

@@ -1,0 +1,123 @@
+#include "core/file_name.h"
+#include "reports/spreadsheet_export.h"
+#include "tests/support/export_season.h"
+#include "tests/support/flat_sheet.h"
+#include "tests/support/headless_office.h"
+#include "tests/support/recording_spreadsheet.h"
+
+#include <gtest/gtest.h>
+
+namespace kavo {
+namespace {
+
+using Kind = test::RecordedCell::Kind;
+
+// Set by the build when the module is part of it.
+#ifdef KAVO_LIBREOFFICE_MODULE
+constexpr const char* kModule = KAVO_LIBREOFFICE_MODULE;
+constexpr const char* kCalcLibrary = KAVO_OFFICE_FOLDER "/program/libsclo.so";
+#else
+constexpr const char* kModule = nullptr;
+constexpr const char* kCalcLibrary = nullptr;
+#endif
+
+constexpr int kLastRow = 70;
+constexpr int kLastColumn = 10;
+
+/// A profile of a user in Germany, where 01:23,45 is a time, who likes three sheets in a workbook.
+void writeProfile(const test::TemporaryFolder& folder)
+{
+    const auto setting = [](const std::string& path, const std::string& name, const std::string& value) {
+        return "<item oor:path=\"/org.openoffice." + path + "\"><prop oor:name=\"" + name +
+               "\" oor:op=\"fuse\"><value>" + value + "</value></prop></item>";
+    };
+    folder.write("profile/user/registrymodifications.xcu",
+                 "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
+                 "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\">" +
+                     setting("Setup/L10N", "ooSetupSystemLocale", "de-DE") +
+                     setting("Office.Calc/Defaults/Sheet", "SheetCount", "3") + "</oor:items>");
+}
+
+/// Exports twice, to the office and to the fake, and returns what either shows.
+struct BothSheets
+{
+    test::FlatSheet office;
+    test::SheetRecord fake;
+};
+
+BothSheets exportToBoth(const Session& session)
+{
+    const test::TemporaryFolder folder;
+    writeProfile(folder);
+    const auto runExport = [&session](const CreateSpreadsheet& create) {
+        ExportExcel(session.table, session.state, session.colours, "20.11.2026", create);
+    };
+    BothSheets both;
+    runExport(test::recordingSpreadsheet(both.fake));
+    runExport([&folder] { return test::headlessOffice(kModule, folder.path(), folder / "sheet.fods"); });
+    both.office = test::readFlatSheet(folder / "sheet.fods");
+    return both;
+}
+
+std::string expectedType(const test::RecordedCell& cell)
+{
+    switch (cell.kind) {
+    case Kind::Empty: return "";
+    case Kind::Plain: return "string";
+    case Kind::Number: return "float";
+    case Kind::Typed: break;
+    }
+    return "time";
+}
+
+void expectEqualCells(const BothSheets& both)
+{
+    for (int row = 1; row <= kLastRow; ++row)
+        for (int column = 1; column <= kLastColumn; ++column) {
+            SCOPED_TRACE("row " + std::to_string(row) + ", column " + std::to_string(column));
+            const test::RecordedCell wanted = both.fake.cell(row, column);
+            const test::ShownCell shown = both.office.cell(row, column);
+            EXPECT_EQ(shown.text, wanted.text);
+            EXPECT_EQ(shown.type, expectedType(wanted));
+            EXPECT_EQ(shown.colour, wanted.colour.value_or(0));
+            EXPECT_EQ(shown.bold, wanted.bold);
+        }
+}
+
+TEST(LibreOfficeExport, GivesTheSheetThatTheFakeRecords)
+{
+    if (kModule == nullptr) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
+    if (!fileExists(kCalcLibrary)) GTEST_SKIP() << "LibreOffice Calc is not installed";
+    test::ExportSeason season;
+    season.load("2", "bob.txt");
+    season.session.state.Player1Name = "=1+1";
+    season.session.state.Player2Name = "1/2 <Жанна>";
+    season.session.state.TeamName = "'007";
+    const BothSheets both = exportToBoth(season.session);
+    ASSERT_EQ(both.office.sheets, 1);
+    expectEqualCells(both);
+    // The title makes the first column by far the widest; a sheet's columns are all alike untouched.
+    const auto& widths = both.office.columnWidths;
+    for (int column = 2; column <= 8; ++column) EXPECT_LT(widths.at(column), widths.at(1));
+    EXPECT_LT(widths.at(2), widths.at(3));
+    EXPECT_LT(widths.at(4), widths.at(5));
+}
+
+TEST(LibreOfficeExport, AModuleThatIsMissingIsAnError)
+{
+    EXPECT_THROW(static_cast<void>(moduleEntry("/nowhere/" + std::string(kLibreOfficeModule), kCreateEntry)),
+                 std::runtime_error);
+    if (kModule == nullptr) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
+    EXPECT_NE(moduleEntry(kModule, kCreateEntry), nullptr);
+    EXPECT_THROW(static_cast<void>(moduleEntry(kModule, "noSuchEntry")), std::runtime_error);
+}
+
+TEST(LibreOfficeExport, TheModuleIsLookedForBesideTheProgramAndInTheLibraryFolder)
+{
+    EXPECT_EQ(modulePlaces("/opt/kavo/bin"),
+              (std::vector<std::filesystem::path>{"/opt/kavo/bin/spreadsheet_libreoffice.so",
+                                                  "/opt/kavo/lib/kavo-timing/spreadsheet_libreoffice.so"}));
+}
+
+}  // namespace
+}  // namespace kavo
