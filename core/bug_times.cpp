@@ -66,6 +66,12 @@ std::filesystem::path bugTimesFile(const std::filesystem::path& userFolder)
     return locate(userFolder / "bugs.dat");
 }
 
+BugTimeEntries readBugTimes(const std::filesystem::path& userFolder)
+{
+    const auto path = bugTimesFile(userFolder);
+    return fileExists(path) ? parseFile(path, parseBugTimes) : BugTimeEntries{};
+}
+
 void saveBugTimes(const std::filesystem::path& userFolder, const BugTimeEntries& entries)
 {
     const auto path = bugTimesFile(userFolder);

@@ -35,6 +35,9 @@ void applyBugTimes(const std::vector<std::string>& entries, BugTimes& times);
 
 [[nodiscard]] std::filesystem::path bugTimesFile(const std::filesystem::path& userFolder);
 
+/// The entries in `bugs.dat`; none without a file. Throws as parseBugTimes does.
+[[nodiscard]] BugTimeEntries readBugTimes(const std::filesystem::path& userFolder);
+
 /// Rewrites `bugs.dat`, or deletes it when neither player has an entry.
 void saveBugTimes(const std::filesystem::path& userFolder, const BugTimeEntries& entries);
 

@@ -54,7 +54,7 @@ void readLayout(const Session& session, LoadingHost& host)
     host.layoutLoaded();
 }
 
-void readBugTimes(Session& session)
+void readBugTimesOfPlayers(Session& session)
 {
     const auto path = bugTimesFile(session.userFolder);
     if (!fileExists(path)) return;
@@ -141,7 +141,7 @@ void runSteps(Session& session, LoadingHost& host, const LoadingOptions& options
     session.caption = std::string(kProductName) + " " + std::string(kMajorMinor) + "  User: " + session.UserName;
     Init(session);
     session.colours = readTableColours(session.userFolder);
-    readBugTimes(session);
+    readBugTimesOfPlayers(session);
     const fs::path statsPath = locateTyped(session.programFolder, session.StatsPath);
     if (fileExists(statsPath)) fillTable(session, host, statsPath);
     if (!fileExists(settingsFile(session.userFolder)) && host.openOptions() == AfterOptions::Abandon)

@@ -26,6 +26,11 @@ inline constexpr std::string_view kMissingTargets =
 inline constexpr std::string_view kNewUser = "New user: ";  ///< followed by the nick
 inline constexpr std::string_view kPreviousResultsCleared = "Previous results have been cleared";
 inline constexpr std::string_view kPreviousResultsClearedTitle = "Kavo Timing";
+inline constexpr std::string_view kAddBugTimeTitle = "Adding bug-time";
+inline constexpr std::string_view kAddBugTimePrompt =
+    "Input your bug in this way: xx, yy:yy:yy, where xx is number of level (53, 07) and yy:yy:yy is your time "
+    "(00:19:05, 01:35:12).";
+inline constexpr std::string_view kBugTimePreset = "xx, yy:yy:yy";
 inline constexpr std::string_view kNotCorrect = "Not correct!";
 inline constexpr std::string_view kExported = "Successfully exported. Wanna 2 take a look?";
 inline constexpr std::string_view kExportedTitle = "Successfully exported";

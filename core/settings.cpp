@@ -3,6 +3,7 @@
 #include "core/file_name.h"
 #include "core/text.h"
 #include "core/text_cursor.h"
+#include "core/text_file.h"
 
 namespace kavo {
 
@@ -27,10 +28,9 @@ Settings parseSettings(std::string_view text)
     return settings;
 }
 
-Settings parseSettingsLeniently(std::string_view text)
+Settings parseSettingsLeniently(std::string_view text, Settings settings)
 {
     TextCursor cursor(text);
-    Settings settings;
     if (!cursor.atEnd()) settings.statsPath = cursor.line();
     if (!cursor.atEnd()) settings.compareMethod = integerOf(cursor.field());
     if (!cursor.atEnd()) settings.otherPath = cursor.line();
@@ -66,6 +66,23 @@ std::filesystem::path settingsFile(const std::filesystem::path& userFolder)
 std::filesystem::path previousResultsFile(const std::filesystem::path& userFolder)
 {
     return locate(userFolder / "1res.old");
+}
+
+void saveSettings(const std::filesystem::path& userFolder, const Settings& settings)
+{
+    replaceFile(settingsFile(userFolder), formatSettings(settings));
+}
+
+void saveFontSize(const std::filesystem::path& userFolder, double fontSize)
+{
+    const auto path = settingsFile(userFolder);
+    replaceFile(path, withFontSize(readFile(path), fontSize));
+}
+
+void keepFirstResults(const std::filesystem::path& userFolder, const std::filesystem::path& statsPath)
+{
+    const auto path = previousResultsFile(userFolder);
+    if (!fileExists(path)) copyFile(statsPath, path);
 }
 
 Names parseNames(std::string_view text)

@@ -24,16 +24,26 @@ struct Settings
 [[nodiscard]] Settings parseSettings(std::string_view text);
 [[nodiscard]] std::string formatSettings(const Settings& settings);
 
-/// The first four lines as far as the file has them.
-[[nodiscard]] Settings parseSettingsLeniently(std::string_view text);
+/// The first four lines over `settings`: what a shorter file lacks stays as it is there. Line 5 is not read.
+[[nodiscard]] Settings parseSettingsLeniently(std::string_view text, Settings settings);
 
 /// The content with its last line, whichever it is, replaced by a font size.
 [[nodiscard]] std::string withFontSize(std::string_view text, double fontSize);
 
 [[nodiscard]] std::filesystem::path settingsFile(const std::filesystem::path& userFolder);
 
+/// Rewrites `data.ini`.
+void saveSettings(const std::filesystem::path& userFolder, const Settings& settings);
+
+/// Puts a font size in place of the last line of `data.ini`. Throws RunTimeError(FileNotFound) without one.
+void saveFontSize(const std::filesystem::path& userFolder, double fontSize);
+
 /// The copy of an earlier statistics file that PreviousResults compares with.
 [[nodiscard]] std::filesystem::path previousResultsFile(const std::filesystem::path& userFolder);
+
+/// Copies the statistics file to the previous results when the user has none, so that the first comparison
+/// starts from today's times. Throws RunTimeError(FileNotFound) when there is no statistics file.
+void keepFirstResults(const std::filesystem::path& userFolder, const std::filesystem::path& statsPath);
 
 /// `names.dat`: what the players and their team are called.
 struct Names

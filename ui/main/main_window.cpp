@@ -16,6 +16,8 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include <utility>
+
 using kavo::toScreen;
 
 namespace {
@@ -74,10 +76,11 @@ void Form1::reload()
 // Form: the loading sequence
 void Form1::Form_Load()
 {
-    do {
-        m_reloadWanted = false;
+    showLoaded(runLoading());
+    while (std::exchange(m_reloadWanted, false)) {
+        Form_QueryUnload();
         showLoaded(runLoading());
-    } while (m_reloadWanted);
+    }
 }
 
 kavo::LoadingResult Form1::runLoading()
@@ -114,6 +117,12 @@ void Form1::showFontSize(double points)
     QFont font("Microsoft Sans Serif");
     font.setPointSizeF(std::min(points, kLargest));
     ui->lv->setFont(font);
+}
+
+void Form1::setFontSize(double points)
+{
+    m_services.session.fontSize = points;
+    showFontSize(points);
 }
 
 void Form1::showSelectedRow()

@@ -40,6 +40,9 @@ public:
     /// Runs the loading again in place. Asked for during a loading, it starts after that has returned.
     void reload();
 
+    /// Shows the table in another font size (points) from now on.
+    void setFontSize(double points);
+
     /// Reloads, then blanks the rows that do not match; an empty name is no filter.
     void filter(kavo::FilterSide side, std::string_view name);
 

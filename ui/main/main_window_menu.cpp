@@ -3,14 +3,33 @@
 #include "core/users.h"
 #include "forms/screen_text.h"
 #include "ui/main/main_window.h"
+#include "ui/settings/bug_times_window.h"
+#include "ui/settings/options_window.h"
+#include "ui/settings/view_window.h"
 
 void Form1::mnuUpTargets_Click() {}
 
-void Form1::mnuBUGs_Click() {}
+void Form1::mnuBUGs_Click()
+{
+    Form8 window(m_services, this);
+    connect(&window, &Form8::saved, this, &Form1::reload);
+    window.exec();
+}
 
-void Form1::mnuOpt_Click() {}
+void Form1::mnuOpt_Click()
+{
+    Form2 window(m_services, this);
+    connect(&window, &Form2::saved, this, &Form1::reload);
+    window.exec();
+}
 
-void Form1::mnuFont_Click() {}
+void Form1::mnuFont_Click()
+{
+    Form3 window(m_services, this);
+    connect(&window, &Form3::saved, this, &Form1::reload);
+    connect(&window, &Form3::fontSizeChosen, this, &Form1::setFontSize);
+    window.exec();
+}
 
 void Form1::mnuStats_Click() {}
 

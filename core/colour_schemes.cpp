@@ -1,0 +1,98 @@
+#include "core/colour_schemes.h"
+
+#include "core/file_name.h"
+#include "core/run_time_error.h"
+#include "core/text.h"
+#include "core/text_file.h"
+
+#include <algorithm>
+
+namespace fs = std::filesystem;
+
+namespace kavo {
+
+namespace {
+
+constexpr std::string_view kExtension = ".ini";
+constexpr std::string_view kInForce = "colors";
+constexpr std::string_view kInForceBefore = "colors_prev";
+
+fs::path schemeFile(const fs::path& userFolder, std::string_view name)
+{
+    return locate(coloursFolder(userFolder) / pathOf(std::string(name).append(kExtension)));
+}
+
+bool isOfOlderKind(const ColourFile& file)
+{
+    return file.count >= kWindowColours && file.count < kColours;
+}
+
+/// Grade colours come all from one place: a file that breaks off among them gives none.
+ColourSet withDefaultGrades(ColourSet colours)
+{
+    const ColourSet defaults;
+    for (std::size_t line = kWindowColours; line < kColours; ++line)
+        colours.*kColourLines.at(line) = defaults.*kColourLines.at(line);
+    return colours;
+}
+
+}  // namespace
+
+ColourSet readColoursToEdit(const fs::path& userFolder)
+{
+    const auto text = readFileIfThere(coloursFile(userFolder));
+    if (!text) return {};
+    const ColourFile file = parseColours(*text);
+    return isOfOlderKind(file) ? withDefaultGrades(file.colours) : file.colours;
+}
+
+void upgradeColours(const fs::path& userFolder)
+{
+    const auto text = readFileIfThere(coloursFile(userFolder));
+    if (text && isOfOlderKind(parseColours(*text))) saveColours(userFolder, readColoursToEdit(userFolder));
+}
+
+void saveColours(const fs::path& userFolder, const ColourSet& colours)
+{
+    replaceFile(coloursFile(userFolder), formatColours(colours));
+}
+
+std::vector<std::string> listSchemes(const fs::path& userFolder)
+{
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::directory_iterator entry(coloursFolder(userFolder), error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string file = textOf(entry->path().filename());
+        if (file.size() < kExtension.size() || !fileExists(entry->path())) continue;
+        const std::string name = file.substr(0, file.size() - kExtension.size());
+        const bool isColourFile = equalIgnoringCase(file.substr(name.size()), kExtension);
+        if (isColourFile && !equalIgnoringCase(name, kInForce)) names.push_back(name);
+    }
+    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+        const std::string foldedA = foldCase(a);
+        const std::string foldedB = foldCase(b);
+        return foldedA == foldedB ? a < b : foldedA < foldedB;
+    });
+    return names;
+}
+
+void saveScheme(const fs::path& userFolder, std::string_view name, const ColourSet& colours)
+{
+    if (!folderExists(coloursFolder(userFolder))) return;
+    if (!isPlainName(name)) throw RunTimeError(Failure::PathNotFound);
+    // Any other name goes: one called "colors" replaces the colours in force, on purpose.
+    replaceFile(schemeFile(userFolder, name), formatColours(colours));
+}
+
+void setScheme(const fs::path& userFolder, std::string_view name)
+{
+    const fs::path scheme = schemeFile(userFolder, name);
+    if (!fileExists(scheme)) throw RunTimeError(Failure::FileNotFound, scheme);
+    const fs::path inForce = coloursFile(userFolder);
+    if (fileExists(inForce)) replaceFile(schemeFile(userFolder, kInForceBefore), readFile(inForce));
+    // Read only now, on purpose: setting "colors_prev" sets what it has just become.
+    replaceFile(inForce, readFile(scheme));
+}
+
+}  // namespace kavo

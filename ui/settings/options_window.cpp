@@ -1,0 +1,169 @@
+#include "ui/settings/options_window.h"
+
+#include "core/file_name.h"
+#include "core/run_time_error.h"
+#include "core/session.h"
+#include "core/text_file.h"
+#include "forms/prompts.h"
+#include "forms/screen_text.h"
+#include "ui_options_window.h"
+
+#include <QFileInfo>
+
+using kavo::CompareMethod;
+using kavo::fromScreen;
+using kavo::toScreen;
+
+Form2::Form2(const kavo::Services& services, QWidget* parent)
+    : SecondaryWindow(services, parent), ui(std::make_unique<Ui::Form2>())
+{
+    ui->setupUi(this);
+    ui->Combo1->setCurrentIndex(-1);  // no grade until one is chosen
+    wire();
+    Form_Load();
+}
+
+Form2::~Form2() = default;
+
+void Form2::wire()
+{
+    connect(ui->Command1, &QPushButton::clicked, this, &Form2::Command1_Click);
+    connect(ui->Command2, &QPushButton::clicked, this, &Form2::Command2_Click);
+    connect(ui->Command3, &QPushButton::clicked, this, &Form2::Command3_Click);
+    connect(ui->Command4, &QPushButton::clicked, this, &Form2::Command4_Click);
+    connect(ui->Command5, &QPushButton::clicked, this, &Form2::Command5_Click);
+    connect(ui->Option1, &QRadioButton::toggled, this, &Form2::Option1_Click);
+    connect(ui->Option2, &QRadioButton::toggled, this, &Form2::Option2_Click);
+    connect(ui->Option3, &QRadioButton::toggled, this, &Form2::Option3_Click);
+}
+
+void Form2::Form_Load()
+{
+    m_shown = settingsOfControls();
+    try {
+        const auto folder = currentUserFolder();
+        if (const auto text = kavo::readFileIfThere(kavo::settingsFile(folder)))
+            m_shown = kavo::parseSettingsLeniently(*text, m_shown);
+        showSettings();
+        applyColours();
+    } catch (const kavo::RunTimeError&) {
+        // Whatever cannot be read keeps its designed value: this is the window that mends settings.
+    }
+}
+
+void Form2::showSettings()
+{
+    ui->Text1->setText(toScreen(m_shown.statsPath));
+    if (m_shown.compareMethod == static_cast<int>(CompareMethod::AnotherFile)) ui->Option2->setChecked(true);
+    if (m_shown.compareMethod == static_cast<int>(CompareMethod::Targets)) ui->Option3->setChecked(true);
+    ui->Text2->setText(toScreen(m_shown.otherPath));
+    ui->Combo1->setEditText(toScreen(m_shown.category));
+}
+
+kavo::Settings Form2::settingsOfControls() const
+{
+    CompareMethod method = CompareMethod::PreviousResults;
+    if (ui->Option2->isChecked()) method = CompareMethod::AnotherFile;
+    if (ui->Option3->isChecked()) method = CompareMethod::Targets;
+    return {.statsPath = fromScreen(ui->Text1->text(), m_shown.statsPath),
+            .compareMethod = static_cast<int>(method),
+            .otherPath = fromScreen(ui->Text2->text(), m_shown.otherPath),
+            .category = fromScreen(ui->Combo1->currentText(), m_shown.category),
+            .fontSize = session().fontSize};
+}
+
+// Option1, Option2, Option3: the compare method; only the controls of the chosen one are enabled
+void Form2::Clearing()
+{
+    ui->Text2->setEnabled(false);
+    ui->Command2->setEnabled(false);
+    ui->Combo1->setEnabled(false);
+}
+
+void Form2::Option1_Click()
+{
+    if (ui->Option1->isChecked()) Clearing();
+}
+
+void Form2::Option2_Click()
+{
+    if (!ui->Option2->isChecked()) return;
+    Clearing();
+    ui->Text2->setEnabled(true);
+    ui->Command2->setEnabled(true);
+}
+
+void Form2::Option3_Click()
+{
+    if (!ui->Option3->isChecked()) return;
+    Clearing();
+    ui->Combo1->setEnabled(true);
+}
+
+// Command1, Command2: browse for a statistics file
+void Form2::browse(QLineEdit& box)
+{
+    const auto current = kavo::locateTyped(session().programFolder, fromScreen(box.text()));
+    const QString chosen = services().prompts.askFileToOpen(
+        this, {.title = {}, .filters = {}, .startAt = QFileInfo(kavo::pathToScreen(current)).path()});
+    if (!chosen.isEmpty()) box.setText(chosen);
+}
+
+void Form2::Command1_Click()
+{
+    browse(*ui->Text1);
+}
+
+void Form2::Command2_Click()
+{
+    browse(*ui->Text2);
+}
+
+// Command3: save and reload
+void Form2::Command3_Click()
+{
+    const kavo::Settings settings = settingsOfControls();
+    kavo::saveSettings(currentUserFolder(), settings);
+    keepFirstResults(settings);
+    close();
+    emit saved();
+}
+
+void Form2::keepFirstResults(const kavo::Settings& settings)
+{
+    try {
+        kavo::keepFirstResults(currentUserFolder(), kavo::locateTyped(session().programFolder, settings.statsPath));
+    } catch (const kavo::RunTimeError&) {
+        // The settings are written by now; the window stays, with the path to be mended at hand.
+        ui->Text1->setFocus();
+        ui->Text1->selectAll();
+        throw;
+    }
+}
+
+// Command4: close without saving
+void Form2::Command4_Click()
+{
+    close();
+    if (parentWidget() == nullptr) return;
+    parentWidget()->raise();
+    parentWidget()->activateWindow();
+}
+
+void Form2::closeRequested()
+{
+    Command4_Click();
+}
+
+// Command5: forget the previous results
+void Form2::Command5_Click()
+{
+    try {
+        kavo::deleteFile(kavo::previousResultsFile(currentUserFolder()));
+    } catch (const kavo::RunTimeError&) {
+        // The message is shown whether or not anything was deleted.
+    }
+    services().prompts.tell(this, {.text = std::string(kavo::messages::kPreviousResultsCleared),
+                                   .title = std::string(kavo::messages::kPreviousResultsClearedTitle)});
+    ui->Option1->setFocus();
+}
