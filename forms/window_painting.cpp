@@ -29,13 +29,14 @@ QPalette ownPalette(const QWidget& control)
 QPalette paletteOf(const QWidget& control, Colour text, Colour background)
 {
     QPalette palette = ownPalette(control);
-    for (const auto role : {QPalette::WindowText, QPalette::Text}) palette.setColor(role, toQColor(text));
+    palette.setColor(QPalette::WindowText, toQColor(text));
     palette.setColor(QPalette::Window, toQColor(background));
     return palette;
 }
 
 void paintControl(QWidget& control, Colour text, Colour background)
 {
+    control.setBackgroundRole(QPalette::Window);  // option buttons take their background from another role
     control.setAutoFillBackground(true);
     control.setPalette(paletteOf(control, text, background));
 }
@@ -86,6 +87,7 @@ void paintTable(QWidget& window, QAbstractItemView& list, const ColourSet& colou
 {
     paintControl(window, colours.ColText, colours.ColBack);
     QPalette palette = paletteOf(list, colours.ColText, colours.ColBack);
+    palette.setColor(QPalette::Text, toQColor(colours.ColText));
     palette.setColor(QPalette::Base, toQColor(colours.ColBack));
     // The selected row is only tinted, so that its grades keep their colours.
     constexpr double kTint = 0.2;

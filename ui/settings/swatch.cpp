@@ -5,7 +5,10 @@
 
 namespace kavo {
 
-Swatch::Swatch(QWidget* parent) : QLabel(parent) {}
+Swatch::Swatch(QWidget* parent) : QLabel(parent)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
 
 QSize Swatch::sizeHint() const
 {

@@ -1,0 +1,80 @@
+#include "tests/support/all_windows.h"
+
+#include "ui/main/main_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QTimer>
+
+namespace kavo::test {
+
+namespace {
+
+QWidget* visibleWindow(const char* className)
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->objectName() == className) return window;
+    return nullptr;
+}
+
+}  // namespace
+
+const std::vector<WindowRow>& allWindows()
+{
+    static const std::vector<WindowRow> kWindows = {
+        {.className = "Form8",
+         .caption = "BUGs",
+         .entry = "mnuBUGs",
+         .image = "bug-times",
+         .controls = {"Frame1", "List1", "Command1", "Command2", "Command3", "Frame2", "List2", "Command4", "Command5",
+                      "Command6", "Command7", "Command8"}},
+        {.className = "Form2",
+         .caption = "Options",
+         .entry = "mnuOpt",
+         .image = "options",
+         .controls = {"Frame1", "Text1", "Command1", "Frame2", "Option1", "Option2", "Text2", "Command2", "Option3",
+                      "Combo1", "Command5", "Command3", "Command4"}},
+        {.className = "Form3",
+         .caption = "View",
+         .entry = "mnuFont",
+         .image = "view",
+         .controls = {"Frame2",   "Label1",   "Label2",  "Label3",   "Label4",   "lCol_0",   "lCol_1",   "lCol_2",
+                      "lCol_3",   "Frame3",   "Label5",  "Label6",   "Label7",   "Label8",   "Label9",   "Label10",
+                      "Label11",  "Label12",  "Label13", "Label14",  "Command3", "Command2", "Command4", "Frame4",
+                      "cmbSheme", "Command5", "Text2",   "Command6", "Frame1",   "Text1",    "Command1"}},
+    };
+    return kWindows;
+}
+
+bool withWindow(const char* className, const std::function<void()>& open, const std::function<void(QWidget&)>& look)
+{
+    bool came = false;
+    const auto lookAtIt = [&] {
+        QWidget* window = visibleWindow(className);
+        if (window == nullptr || came) return;
+        came = true;
+        // Closed in any case: a modal window that stays would keep its opener waiting for ever.
+        const QMetaObject::Connection destroyed =
+            QObject::connect(window, &QObject::destroyed, [&window] { window = nullptr; });
+        look(*window);
+        QObject::disconnect(destroyed);
+        if (window != nullptr && window->isVisible()) window->close();
+    };
+    QTimer modal;  // acts inside the event loop of a modal window
+    modal.setSingleShot(true);
+    QObject::connect(&modal, &QTimer::timeout, lookAtIt);
+    modal.start(0);
+    open();
+    modal.stop();
+    lookAtIt();
+    return came;
+}
+
+bool withWindow(Form1& mainWindow, const WindowRow& row, const std::function<void(QWidget&)>& look)
+{
+    auto* entry = mainWindow.findChild<QAction*>(row.entry);
+    return entry != nullptr && withWindow(
+                                   row.className, [entry] { entry->trigger(); }, look);
+}
+
+}  // namespace kavo::test
