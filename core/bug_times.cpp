@@ -20,17 +20,42 @@ constexpr std::size_t kLevelDigits = 2;
 constexpr std::size_t kTimeAt = 5;
 constexpr std::array<std::size_t, 4> kNumberPositions = {1, 5, 8, 11};
 
+/// Reads entry by entry, so that the first fault of a file is the one reported.
+template <typename Take1, typename Take2>
+void forEachEntry(std::string_view text, Take1 takeOfPlayer1, Take2 takeOfPlayer2)
+{
+    TextCursor cursor(text);
+    if (!equalIgnoringCase(cursor.line(), kPlayer1Marker)) return;
+    for (std::string_view line = cursor.line(); !equalIgnoringCase(line, kPlayer2Marker); line = cursor.line())
+        takeOfPlayer1(line);
+    while (!cursor.atEnd()) takeOfPlayer2(cursor.line());
+}
+
+void store(BugTimes& times, std::string_view entry)
+{
+    const int level = integerOf(firstCharacters(entry, kLevelDigits));
+    if (level < 1 || level > kLevels) throw RunTimeError(Failure::SubscriptOutOfRange);
+    times[level] = fromCharacter(entry, kTimeAt);
+}
+
 }  // namespace
 
 BugTimeEntries parseBugTimes(std::string_view text)
 {
     BugTimeEntries entries;
-    TextCursor cursor(text);
-    if (!equalIgnoringCase(cursor.line(), kPlayer1Marker)) return entries;
-    for (std::string_view line = cursor.line(); !equalIgnoringCase(line, kPlayer2Marker); line = cursor.line())
-        entries.player1.emplace_back(line);
-    while (!cursor.atEnd()) entries.player2.emplace_back(cursor.line());
+    forEachEntry(
+        text, [&entries](std::string_view entry) { entries.player1.emplace_back(entry); },
+        [&entries](std::string_view entry) { entries.player2.emplace_back(entry); });
     return entries;
+}
+
+BugTimesByLevel parseBugTimesByLevel(std::string_view text)
+{
+    BugTimesByLevel times;
+    forEachEntry(
+        text, [&times](std::string_view entry) { store(times.player1, entry); },
+        [&times](std::string_view entry) { store(times.player2, entry); });
+    return times;
 }
 
 std::string formatBugTimes(const BugTimeEntries& entries)
@@ -42,15 +67,6 @@ std::string formatBugTimes(const BugTimeEntries& entries)
     add(kPlayer2Marker);
     for (const std::string& entry : entries.player2) add(entry);
     return text;
-}
-
-void applyBugTimes(const std::vector<std::string>& entries, BugTimes& times)
-{
-    for (const std::string& entry : entries) {
-        const int level = integerOf(firstCharacters(entry, kLevelDigits));
-        if (level < 1 || level > kLevels) throw RunTimeError(Failure::SubscriptOutOfRange);
-        times[level] = fromCharacter(entry, kTimeAt);
-    }
 }
 
 bool isBugTimeEntry(std::string_view text)

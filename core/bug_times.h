@@ -25,9 +25,16 @@ struct BugTimeEntries
 [[nodiscard]] BugTimeEntries parseBugTimes(std::string_view text);
 [[nodiscard]] std::string formatBugTimes(const BugTimeEntries& entries);
 
-/// Stores entries by level, later ones over earlier ones. Throws RunTimeError(SubscriptOutOfRange) on a
-/// level that is none of 1 to 54.
-void applyBugTimes(const std::vector<std::string>& entries, BugTimes& times);
+/// Bug-times of both players by level.
+struct BugTimesByLevel
+{
+    BugTimes player1;
+    BugTimes player2;
+};
+
+/// As parseBugTimes, each entry stored by its level as soon as it is read, later ones over earlier ones.
+/// Throws RunTimeError(SubscriptOutOfRange) on a level that is none of 1 to 54.
+[[nodiscard]] BugTimesByLevel parseBugTimesByLevel(std::string_view text);
 
 /// Whether a text is accepted as an entry: twelve characters with numbers where level, minutes, seconds
 /// and hundredths stand. Separators and the level's range are not checked.

@@ -16,6 +16,8 @@
 #include "core/version.h"
 #include "core/window_layout.h"
 
+#include <utility>
+
 namespace fs = std::filesystem;
 
 namespace kavo {
@@ -58,11 +60,9 @@ void readBugTimesOfPlayers(Session& session)
 {
     const auto path = bugTimesFile(session.userFolder);
     if (!fileExists(path)) return;
-    parseFile(path, [&session](std::string_view text) {
-        const BugTimeEntries entries = parseBugTimes(text);
-        applyBugTimes(entries.player1, session.BugTimes1);
-        applyBugTimes(entries.player2, session.BugTimes2);
-    });
+    BugTimesByLevel times = parseFile(path, parseBugTimesByLevel);
+    session.BugTimes1 = std::move(times.player1);
+    session.BugTimes2 = std::move(times.player2);
 }
 
 /// Thrown through the steps of a loading that ends without an error.

@@ -1,0 +1,82 @@
+#include "core/file_name.h"
+
+#include "tests/support/program_folder_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace fs = std::filesystem;
+
+namespace kavo {
+
+namespace {
+
+using test::TemporaryFolder;
+
+TEST(Locate, PrefersTheExactSpelling)
+{
+    const TemporaryFolder folder;
+    folder.write("targets.txt", "x");
+    folder.write("Targets.TXT", "x");
+    EXPECT_EQ(locate(folder / "targets.txt"), folder / "targets.txt");
+    EXPECT_EQ(locate(folder / "Targets.TXT"), folder / "Targets.TXT");
+    EXPECT_EQ(locate(folder / "TARGETS.txt"), folder / "Targets.TXT");  // the first in byte order
+}
+
+TEST(Locate, FindsEveryComponentInAnyCase)
+{
+    const TemporaryFolder folder;
+    folder.write("Bob/Colors/COLORS.INI", "x");
+    EXPECT_EQ(locate(folder / "bob/colors/colors.ini"), folder / "Bob/Colors/COLORS.INI");
+    folder.write("ЖАННА/data.ini", "x");
+    EXPECT_EQ(locate(folder / "жанна/DATA.ini"), folder / "ЖАННА/data.ini");
+}
+
+TEST(Locate, KeepsTheSpellingOfWhatIsNotThere)
+{
+    const TemporaryFolder folder;
+    folder.write("Bob/data.ini", "x");
+    EXPECT_EQ(locate(folder / "bob/New.dat"), folder / "Bob/New.dat");
+    EXPECT_EQ(locate(folder / "none/Data.ini"), folder / "none/Data.ini");
+}
+
+TEST(LocateTyped, CountsFromTheFolder)
+{
+    const TemporaryFolder folder;
+    folder.write("game/stats.txt", "x");
+    EXPECT_EQ(locateTyped(folder.path(), "game/STATS.txt"), folder / "game/stats.txt");
+    EXPECT_EQ(locateTyped("/elsewhere", (folder / "game/stats.txt").string()), folder / "game/stats.txt");
+}
+
+#ifndef _WIN32
+TEST(LocateTyped, TakesBackslashesForSeparatorsUnlessAFileIsSpelledSo)
+{
+    const TemporaryFolder folder;
+    folder.write("game/stats.txt", "x");
+    EXPECT_EQ(locateTyped(folder.path(), "game\\stats.txt"), folder / "game/stats.txt");
+    EXPECT_EQ(locateTyped(folder.path(), "game\\none.txt"), folder / "game\\none.txt");
+    folder.write("game\\stats.txt", "x");
+    EXPECT_EQ(locateTyped(folder.path(), "game\\stats.txt"), folder / "game\\stats.txt");
+}
+#endif
+
+TEST(FileExists, IsTrueForOrdinaryFilesOnly)
+{
+    const TemporaryFolder folder;
+    folder.write("a.txt", "");
+    EXPECT_TRUE(fileExists(folder / "a.txt"));
+    EXPECT_FALSE(fileExists(folder.path()));
+    EXPECT_FALSE(fileExists(folder / "none"));
+    EXPECT_TRUE(folderExists(folder.path()));
+    EXPECT_FALSE(folderExists(folder / "a.txt"));
+}
+
+TEST(PlainName, HasNoSeparatorAndLeadsNowhere)
+{
+    for (const char* name : {"bob", " bob", "...", "a.b", "Жанна"}) EXPECT_TRUE(isPlainName(name)) << name;
+    for (const char* name : {".", "..", "a/b", "a\\b", "/"}) EXPECT_FALSE(isPlainName(name)) << name;
+    EXPECT_FALSE(isPlainName(std::string_view("a\0b", 3)));
+}
+
+}  // namespace
+
+}  // namespace kavo

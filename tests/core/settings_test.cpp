@@ -1,0 +1,99 @@
+#include "core/settings.h"
+
+#include "core/run_time_error.h"
+
+#include <gtest/gtest.h>
+
+namespace kavo {
+
+namespace {
+
+TEST(Settings, AreReadLineByLine)
+{
+    const Settings settings = parseSettings("C:\\game\\stats.txt\r\n 2 \r\n other, file.txt \r\nGood\r\n 11 \r\n");
+    EXPECT_EQ(settings.statsPath, "C:\\game\\stats.txt");
+    EXPECT_EQ(settings.compareMethod, 2);
+    EXPECT_EQ(settings.otherPath, " other, file.txt ");
+    EXPECT_EQ(settings.category, "Good");
+    EXPECT_EQ(settings.fontSize, 11);
+}
+
+TEST(Settings, OfFourLinesHaveNoFontSize)
+{
+    EXPECT_FALSE(parseSettings("a\r\n1\r\nb\r\nc\r\n").fontSize.has_value());
+    EXPECT_FALSE(parseSettings("a\r\n1\r\nb\r\nc").fontSize.has_value());
+    EXPECT_FALSE(parseSettings("a\n1\nb\nc\n").fontSize.has_value());
+}
+
+TEST(Settings, OfEmptyLinesAreEmpty)
+{
+    const Settings settings = parseSettings("\r\n\r\n\r\n\r\n\r\n");
+    EXPECT_EQ(settings.statsPath, "");
+    EXPECT_EQ(settings.compareMethod, 0);
+    EXPECT_EQ(settings.otherPath, "");
+    EXPECT_EQ(settings.category, "");
+    EXPECT_EQ(settings.fontSize, 0);
+}
+
+TEST(Settings, FailWhenShorterThanFourLines)
+{
+    for (const char* text : {"", "a\r\n", "a\r\n1\r\n", "a\r\n1\r\nb\r\n"}) {
+        try {
+            static_cast<void>(parseSettings(text));
+            FAIL() << "no error for " << text;
+        } catch (const RunTimeError& error) {
+            EXPECT_STREQ(error.what(), "Input past end of file");
+        }
+    }
+}
+
+TEST(Settings, AreReadAsFarAsTheyGoForTheDialog)
+{
+    EXPECT_EQ(parseSettingsLeniently("").statsPath, "");
+    EXPECT_EQ(parseSettingsLeniently("a\r\n").statsPath, "a");
+    EXPECT_EQ(parseSettingsLeniently("a\r\n3").compareMethod, 3);
+    EXPECT_EQ(parseSettingsLeniently("a\r\n3\r\nb").otherPath, "b");
+    EXPECT_EQ(parseSettingsLeniently("a\r\n3\r\nb\r\nOK\r\n9\r\n").category, "OK");
+    EXPECT_FALSE(parseSettingsLeniently("a\r\n3\r\nb\r\nOK\r\n9\r\n").fontSize.has_value());
+}
+
+TEST(Settings, AreWrittenWithBlanksAroundNumbers)
+{
+    EXPECT_EQ(formatSettings({"a", 3, "b", "Good", 8.25}), "a\r\n 3 \r\nb\r\nGood\r\n 8.25 \r\n");
+    EXPECT_EQ(formatSettings({"a", 1, "", "", {}}), "a\r\n 1 \r\n\r\n\r\n");
+}
+
+TEST(Settings, GetAFontSizeInPlaceOfTheirLastLine)
+{
+    EXPECT_EQ(withFontSize("a\r\n 1 \r\nb\r\nc\r\n 8 \r\n", 12), "a\r\n 1 \r\nb\r\nc\r\n 12 \r\n");
+    EXPECT_EQ(withFontSize("a\r\n1\r\nb\r\nGood\r\n", 12), "a\r\n1\r\nb\r\n 12 \r\n");
+    EXPECT_EQ(withFontSize("", 12), " 12 \r\n");
+}
+
+TEST(Names, AreThreeLines)
+{
+    const Names names = parseNames("Ann\r\n B b \r\nThe Team\r\nmore\r\n");
+    EXPECT_EQ(names.player1, "Ann");
+    EXPECT_EQ(names.player2, " B b ");
+    EXPECT_EQ(names.team, "The Team");
+    EXPECT_EQ(formatNames(names), "Ann\r\n B b \r\nThe Team\r\n");
+}
+
+TEST(Names, KeepTheirDefaultsWhereAShortFileEnds)
+{
+    EXPECT_EQ(parseNames("").player1, "Player1");
+    EXPECT_EQ(parseNames("Ann\r\n").player2, "Player2");
+    EXPECT_EQ(parseNames("Ann\r\nBob").player2, "Bob");
+    EXPECT_EQ(parseNames("Ann\r\nBob").team, "Team");
+    EXPECT_EQ(parseNames("\r\n\r\n\r\n").player1, "");
+}
+
+TEST(Names, KeepTheirBytes)
+{
+    const std::string text = "J\xFCrgen\r\nЖанна\r\nTeam\r\n";
+    EXPECT_EQ(formatNames(parseNames(text)), text);
+}
+
+}  // namespace
+
+}  // namespace kavo

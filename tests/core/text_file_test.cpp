@@ -1,0 +1,208 @@
+#include "core/text_file.h"
+
+#include "tests/support/error_of.h"
+#include "tests/support/program_folder_fixture.h"
+
+#include <gtest/gtest.h>
+
+#ifndef _WIN32
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace fs = std::filesystem;
+
+namespace kavo {
+
+namespace {
+
+using test::errorOf;
+using test::TemporaryFolder;
+
+int entriesOf(const fs::path& folder)
+{
+    int count = 0;
+    for (const auto& entry : fs::directory_iterator(folder)) count += entry.path().empty() ? 0 : 1;
+    return count;
+}
+
+TEST(ReadFile, GivesEveryByte)
+{
+    const TemporaryFolder folder;
+    const std::string content("\0a\r\n\xFF", 5);
+    folder.write("a.bin", content);
+    EXPECT_EQ(readFile(folder / "a.bin"), content);
+    folder.write("empty", "");
+    EXPECT_EQ(readFile(folder / "empty"), "");
+    folder.write("large", std::string(200'000, 'x'));
+    EXPECT_EQ(readFile(folder / "large").size(), 200'000U);
+    folder.write("full block", std::string(1U << 16U, 'x'));
+    EXPECT_EQ(readFile(folder / "full block").size(), 1U << 16U);
+}
+
+TEST(ReadFile, FailsWithoutAFile)
+{
+    const TemporaryFolder folder;
+    EXPECT_EQ(errorOf([&] { static_cast<void>(readFile(folder / "no.txt")); }), "File not found: no.txt");
+    EXPECT_EQ(errorOf([&] { static_cast<void>(readFile(folder.path())); }).substr(0, 22), "Path/File access error");
+    EXPECT_FALSE(readFileIfThere(folder / "no.txt").has_value());
+    EXPECT_FALSE(readFileIfThere(folder.path()).has_value());
+}
+
+TEST(ParseFile, NamesTheFileInAFailureOfTheParser)
+{
+    const TemporaryFolder folder;
+    folder.write("a.txt", "content");
+    const auto fail = [](std::string_view) -> int { throw RunTimeError(Failure::SubscriptOutOfRange); };
+    EXPECT_EQ(errorOf([&] { parseFile(folder / "a.txt", fail); }), "Subscript out of range: a.txt");
+    const auto failAboutAnother = [](std::string_view) -> int { throw RunTimeError(Failure::DiskFull, "b.txt"); };
+    EXPECT_EQ(errorOf([&] { parseFile(folder / "a.txt", failAboutAnother); }), "Disk full: b.txt");
+}
+
+TEST(ReplaceFile, LeavesTheNewContentAndNothingElse)
+{
+    const TemporaryFolder folder;
+    replaceFile(folder / "a.txt", "one");
+    replaceFile(folder / "a.txt", "two");
+    EXPECT_EQ(folder.read("a.txt"), "two");
+    EXPECT_EQ(entriesOf(folder.path()), 1);
+}
+
+TEST(ReplaceFile, FailsWhereNoFileCanBe)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "sub");
+    EXPECT_EQ(errorOf([&] { replaceFile(folder / "none/a.txt", "x"); }), "Path not found: a.txt");
+    EXPECT_EQ(errorOf([&] { replaceFile(folder / "sub", "x"); }), "Path/File access error: sub");
+    EXPECT_EQ(errorOf([&] { replaceFile("", "x"); }), "Path not found");
+}
+
+TEST(AtomicFile, KeepsTheOldContentWithoutACommit)
+{
+    const TemporaryFolder folder;
+    folder.write("a.txt", "old");
+    {
+        AtomicFile file(folder / "a.txt");
+        file.write("new");
+        EXPECT_EQ(folder.read("a.txt"), "old");
+    }
+    EXPECT_EQ(folder.read("a.txt"), "old");
+    EXPECT_EQ(entriesOf(folder.path()), 1);
+}
+
+TEST(AppendLine, EndsALineLeftOpen)
+{
+    const TemporaryFolder folder;
+    appendLine(folder / "users.dat", "bob");
+    EXPECT_EQ(folder.read("users.dat"), "bob\r\n");
+    appendLine(folder / "users.dat", "Жанна");
+    EXPECT_EQ(folder.read("users.dat"), "bob\r\nЖанна\r\n");
+    folder.write("users.dat", "eve");
+    appendLine(folder / "users.dat", "bob");
+    EXPECT_EQ(folder.read("users.dat"), "eve\r\nbob\r\n");
+}
+
+TEST(CopyFile, CopiesByteForByte)
+{
+    const TemporaryFolder folder;
+    folder.write("stats.txt", "a\nb\r\n\xFF");
+    copyFile(folder / "stats.txt", folder / "1res.old");
+    EXPECT_EQ(folder.read("1res.old"), "a\nb\r\n\xFF");
+    EXPECT_EQ(errorOf([&] { copyFile(folder / "no.txt", folder / "x"); }), "File not found: no.txt");
+    EXPECT_FALSE(folder.has("x"));
+}
+
+TEST(DeleteFile, IsContentWithoutAFile)
+{
+    const TemporaryFolder folder;
+    folder.write("a.txt", "x");
+    deleteFile(folder / "a.txt");
+    deleteFile(folder / "a.txt");
+    EXPECT_FALSE(folder.has("a.txt"));
+    folder.write("full/a.txt", "x");
+    EXPECT_EQ(errorOf([&] { deleteFile(folder / "full"); }), "Path/File access error: full");
+}
+
+#ifndef _WIN32
+
+TEST(ReplaceFile, KeepsThePermissionsOfTheFile)
+{
+    const TemporaryFolder folder;
+    folder.write("a.txt", "one");
+    fs::permissions(folder / "a.txt", fs::perms{0600});
+    replaceFile(folder / "a.txt", "two");
+    EXPECT_EQ(fs::status(folder / "a.txt").permissions(), fs::perms{0600});
+}
+
+TEST(ReplaceFile, WritesThroughASymbolicLink)
+{
+    const TemporaryFolder folder;
+    folder.write("real.txt", "one");
+    fs::create_symlink("real.txt", folder / "link.txt");
+    replaceFile(folder / "link.txt", "two");
+    EXPECT_TRUE(fs::is_symlink(folder / "link.txt"));
+    EXPECT_EQ(folder.read("real.txt"), "two");
+}
+
+TEST(ReplaceFile, LeavesAWriteProtectedFileAlone)
+{
+    if (::geteuid() == 0) GTEST_SKIP() << "nothing is protected from root";
+    const TemporaryFolder folder;
+    folder.write("a.txt", "one");
+    fs::permissions(folder / "a.txt", fs::perms{0444});
+    EXPECT_EQ(errorOf([&] { replaceFile(folder / "a.txt", "two"); }), "Path/File access error: a.txt");
+    EXPECT_EQ(folder.read("a.txt"), "one");
+}
+
+TEST(ReplaceFile, WritesADeviceDirectly)
+{
+    replaceFile("/dev/null", "x");
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+    EXPECT_EQ(errorOf([] { replaceFile("/dev/full", "x"); }), "Disk full: full");
+}
+
+/// Limits how large a file of this process may grow while it lives.
+class SmallDisk
+{
+public:
+    explicit SmallDisk(rlim_t bytes)
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        m_signal = std::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~SmallDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_signal);
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_signal)(int) = nullptr;
+};
+
+TEST(ReplaceFile, KeepsTheOldFileWhenTheDiskIsFull)
+{
+    const TemporaryFolder folder;
+    folder.write("a.txt", "old");
+    std::string error;
+    {
+        const SmallDisk disk(100);
+        error = errorOf([&] { replaceFile(folder / "a.txt", std::string(100'000, 'x')); });
+    }
+    EXPECT_EQ(error, "Disk full: a.txt");
+    EXPECT_EQ(folder.read("a.txt"), "old");
+    EXPECT_EQ(entriesOf(folder.path()), 1);
+}
+
+#endif
+
+}  // namespace
+
+}  // namespace kavo

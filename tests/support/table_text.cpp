@@ -1,0 +1,60 @@
+#include "tests/support/table_text.h"
+
+#include <array>
+#include <utility>
+
+namespace kavo::test {
+
+namespace {
+
+std::string colourName(const ColourSet& colours, Colour colour)
+{
+    const std::array<std::pair<const char*, Colour>, 7> names = {{{"WR", colours.ColWR},
+                                                                  {"WC", colours.ColWC},
+                                                                  {"Pro", colours.ColPro},
+                                                                  {"Good", colours.ColGood},
+                                                                  {"OK", colours.ColOK},
+                                                                  {"Text", colours.ColText},
+                                                                  {"Total", rgb(200, 100, 200)}}};
+    for (const auto& [name, value] : names)
+        if (value == colour) return name;
+    return std::to_string(colour);
+}
+
+}  // namespace
+
+std::string marked(const Session& session, int row)
+{
+    std::string line;
+    for (int i = 0; i < kColumns; ++i) {
+        const Cell& cell = session.table.cell(row, static_cast<Column>(i));
+        line += (i > 0 ? "|" : "") + cell.text;
+        if (cell.bold) line += "*";
+        if (cell.colour) line += "{" + colourName(session.colours, *cell.colour) + "}";
+    }
+    return line;
+}
+
+std::string texts(const ResultsTable& table, int row)
+{
+    std::string line;
+    for (int i = 0; i < kColumns; ++i) line += (i > 0 ? "|" : "") + table.text(row, static_cast<Column>(i));
+    return line;
+}
+
+std::string headers(const ResultsTable& table)
+{
+    std::string line;
+    for (int i = 0; i < kColumns; ++i) line += (i > 0 ? "|" : "") + table.header(static_cast<Column>(i));
+    return line;
+}
+
+std::string counts(const ResultsState& state, Side side)
+{
+    std::string line;
+    for (const Grade& grade : grades())
+        line += (line.empty() ? "" : " ") + std::to_string(state.counter(side, grade.category));
+    return line;
+}
+
+}  // namespace kavo::test
