@@ -6,6 +6,7 @@
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "forms/window_painting.h"
+#include "reports/spreadsheet_application.h"
 #include "ui/main/popup_menu.h"
 #include "ui/main/results_delegate.h"
 #include "ui_main_window.h"
@@ -32,6 +33,7 @@ Form1::Form1(const kavo::Services& services, kavo::Navigator& navigator)
       m_services(services),
       m_navigator(navigator),
       m_model(services.session),
+      m_createSpreadsheet(kavo::openSpreadsheetApplication),
       popup(std::make_unique<QMenu>("PopUp", this))
 {
     ui->setupUi(this);

@@ -4,6 +4,7 @@
 #include "core/loading.h"
 #include "core/window_layout.h"
 #include "forms/services.h"
+#include "reports/spreadsheet.h"
 #include "ui/main/results_model.h"
 #include "ui/navigator.h"
 
@@ -11,6 +12,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class QMenu;
@@ -45,6 +47,9 @@ public:
 
     /// Reloads, then blanks the rows that do not match; an empty name is no filter.
     void filter(kavo::FilterSide side, std::string_view name);
+
+    /// Puts another spreadsheet application in place of the platform's.
+    void setSpreadsheet(kavo::CreateSpreadsheet create) { m_createSpreadsheet = std::move(create); }
 
     // Menu entries and keys (table: popup_menu.cpp, what they do: main_window_menu.cpp)
     void mnuUpTargets_Click();
@@ -114,6 +119,7 @@ private:
     kavo::Services m_services;
     kavo::Navigator& m_navigator;
     kavo::ResultsModel m_model;
+    kavo::CreateSpreadsheet m_createSpreadsheet;
     std::unique_ptr<QMenu> popup;
     bool LayoutLoaded = false;  ///< from then on resizing is the user's and is kept
     bool m_isLoading = false;

@@ -2,10 +2,28 @@
 
 #include "core/users.h"
 #include "forms/screen_text.h"
+#include "reports/report_dates.h"
+#include "reports/spreadsheet_export.h"
 #include "ui/main/main_window.h"
 #include "ui/settings/bug_times_window.h"
 #include "ui/settings/options_window.h"
 #include "ui/settings/view_window.h"
+
+#include <QGuiApplication>
+
+namespace {
+
+/// The wait cursor for as long as this lives.
+class WaitCursor final
+{
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+}  // namespace
 
 void Form1::mnuUpTargets_Click() {}
 
@@ -37,7 +55,13 @@ void Form1::mnuLevsStats_Click() {}
 
 void Form1::mnuHTML_Click() {}
 
-void Form1::mnuExport_Click() {}
+void Form1::mnuExport_Click()
+{
+    const WaitCursor waiting;
+    const kavo::Session& session = m_services.session;
+    const auto date = kavo::datesOf(m_services.clock.now().toSecsSinceEpoch()).date;
+    kavo::ExportExcel(session.table, session.state, session.colours, date, m_createSpreadsheet);
+}
 
 void Form1::mnuTextExport_Click() {}
 
