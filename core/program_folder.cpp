@@ -11,6 +11,7 @@
 
 #ifdef _WIN32
 #include <io.h>
+#include <windows.h>
 #else
 #include <unistd.h>
 #endif
@@ -71,7 +72,10 @@ fs::path named(const std::string& folder)
 fs::path executableFolder()
 {
 #ifdef _WIN32
-    return fs::path(_wpgmptr).parent_path();
+    constexpr DWORD kLongestPath = 32768;
+    std::wstring path(kLongestPath, L'\0');
+    path.resize(::GetModuleFileNameW(nullptr, path.data(), kLongestPath));
+    return fs::path(path).parent_path();
 #else
     std::error_code ignored;
     return fs::read_symlink("/proc/self/exe", ignored).parent_path();

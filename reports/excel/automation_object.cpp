@@ -1,0 +1,143 @@
+#include "reports/excel/automation_object.h"
+
+#include <new>
+#include <objbase.h>
+#include <oleauto.h>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace kavo {
+
+namespace {
+
+constexpr LCID kEnglish = 1033;  // the language of the member names, whatever the user's
+
+void check(HRESULT result, const char* what)
+{
+    if (FAILED(result)) throw std::runtime_error(what);
+}
+
+std::wstring wide(std::string_view utf8)
+{
+    const int size = static_cast<int>(utf8.size());
+    std::wstring text(static_cast<std::size_t>(::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)),
+                      L'\0');
+    ::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, text.data(), static_cast<int>(text.size()));
+    return text;
+}
+
+DISPID memberNumber(IDispatch& dispatch, const wchar_t* name)
+{
+    std::wstring text(name);
+    LPOLESTR names = text.data();
+    DISPID number = DISPID_UNKNOWN;
+    check(dispatch.GetIDsOfNames(IID_NULL, &names, 1, kEnglish, &number), "the application has no such member");
+    return number;
+}
+
+}  // namespace
+
+AutomationLibrary::AutomationLibrary()
+{
+    check(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), "automation is not available");
+}
+
+AutomationLibrary::~AutomationLibrary()
+{
+    ::CoUninitialize();
+}
+
+AutomationValue::AutomationValue()
+{
+    ::VariantInit(&m_value);
+}
+
+AutomationValue::AutomationValue(bool value) : AutomationValue()
+{
+    m_value.vt = VT_BOOL;
+    m_value.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
+AutomationValue::AutomationValue(std::int32_t value) : AutomationValue()
+{
+    m_value.vt = VT_I4;
+    m_value.lVal = value;
+}
+
+AutomationValue::AutomationValue(std::string_view utf8) : AutomationValue()
+{
+    const std::wstring text = wide(utf8);
+    m_value.vt = VT_BSTR;
+    m_value.bstrVal = ::SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    if (m_value.bstrVal == nullptr) throw std::bad_alloc();
+}
+
+AutomationValue::~AutomationValue()
+{
+    ::VariantClear(&m_value);
+}
+
+AutomationObject AutomationObject::create(const wchar_t* programId)
+{
+    CLSID id{};
+    check(::CLSIDFromProgID(programId, &id), "the application is not installed");
+    void* dispatch = nullptr;
+    check(::CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch, &dispatch),
+          "the application does not start");
+    return AutomationObject(static_cast<IDispatch*>(dispatch));
+}
+
+AutomationObject::AutomationObject(AutomationObject&& other) noexcept
+    : m_dispatch(std::exchange(other.m_dispatch, nullptr))
+{
+}
+
+AutomationObject& AutomationObject::operator=(AutomationObject&& other) noexcept
+{
+    std::swap(m_dispatch, other.m_dispatch);
+    return *this;
+}
+
+AutomationObject::~AutomationObject()
+{
+    if (m_dispatch != nullptr) m_dispatch->Release();
+}
+
+AutomationObject AutomationObject::get(const wchar_t* name, std::initializer_list<AutomationValue> arguments) const
+{
+    const VARIANT result = invoke(name, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {arguments.begin(), arguments.size()});
+    if (result.vt == VT_DISPATCH && result.pdispVal != nullptr) return AutomationObject(result.pdispVal);
+    const AutomationValue freed(result);
+    throw std::runtime_error("the member is no object");
+}
+
+void AutomationObject::set(const wchar_t* name, const AutomationValue& value) const
+{
+    const AutomationValue freed(invoke(name, DISPATCH_PROPERTYPUT, {&value, 1}));
+}
+
+void AutomationObject::call(const wchar_t* name) const
+{
+    const AutomationValue freed(invoke(name, DISPATCH_METHOD, {}));
+}
+
+VARIANT AutomationObject::invoke(const wchar_t* name, WORD kind, std::span<const AutomationValue> arguments) const
+{
+    if (m_dispatch == nullptr) throw std::runtime_error("there is no object to call");
+    // Arguments stand in reverse order, and a value to be set has a name of its own.
+    std::vector<VARIANT> reversed;
+    for (const AutomationValue& argument : arguments) reversed.insert(reversed.begin(), argument.raw());
+    DISPID valueName = DISPID_PROPERTYPUT;
+    const bool isPut = kind == DISPATCH_PROPERTYPUT;
+    DISPPARAMS parameters{reversed.data(), isPut ? &valueName : nullptr, static_cast<UINT>(reversed.size()),
+                          isPut ? 1U : 0U};
+    VARIANT result;
+    ::VariantInit(&result);
+    check(m_dispatch->Invoke(memberNumber(*m_dispatch, name), IID_NULL, kEnglish, kind, &parameters, &result, nullptr,
+                             nullptr),
+          "the application refuses a call");
+    return result;
+}
+
+}  // namespace kavo
