@@ -6,9 +6,12 @@
 #include "tests/support/scripted_prompts.h"
 
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace kavo::test {
 
@@ -57,6 +60,21 @@ protected:
     }
 
     static void click(QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }
+
+    /// Runs `action` on the next modal window, as soon as that is there.
+    static void onModalWindow(std::function<void(QWidget&)> action)
+    {
+        constexpr int kOftenEnough = 5;  // ms
+        auto* watch = new QTimer(qApp);
+        QObject::connect(watch, &QTimer::timeout, qApp, [watch, action = std::move(action)] {
+            QWidget* window = QApplication::activeModalWidget();
+            if (window == nullptr || !window->isVisible()) return;
+            watch->deleteLater();
+            watch->stop();
+            action(*window);
+        });
+        watch->start(kOftenEnough);
+    }
 
     TemporaryFolder folder;
     ScriptedPrompts prompts;

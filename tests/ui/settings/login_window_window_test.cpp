@@ -125,8 +125,9 @@ TEST_F(LoginWindow, FolderWithoutAFileCountsAsNewButMakesNoUser)
     type("ghost");
     // data.ini is missing, so the loading asks for the settings; nothing else is shown.
     folder.write("ghost/sub/file", "");
-    QTimer::singleShot(0, qApp, [] {
-        if (auto* dialog = QApplication::activeModalWidget()) dialog->close();
+    onModalWindow([](QWidget& options) {
+        EXPECT_EQ(options.objectName(), "Form2");
+        options.close();
     });
     click(ok());
     EXPECT_EQ(folder.read("users.dat"), users);
