@@ -49,12 +49,14 @@ TEST(Settings, FailWhenShorterThanFourLines)
 
 TEST(Settings, AreReadAsFarAsTheyGoForTheDialog)
 {
-    EXPECT_EQ(parseSettingsLeniently("").statsPath, "");
-    EXPECT_EQ(parseSettingsLeniently("a\r\n").statsPath, "a");
-    EXPECT_EQ(parseSettingsLeniently("a\r\n3").compareMethod, 3);
-    EXPECT_EQ(parseSettingsLeniently("a\r\n3\r\nb").otherPath, "b");
-    EXPECT_EQ(parseSettingsLeniently("a\r\n3\r\nb\r\nOK\r\n9\r\n").category, "OK");
-    EXPECT_FALSE(parseSettingsLeniently("a\r\n3\r\nb\r\nOK\r\n9\r\n").fontSize.has_value());
+    const Settings designed{"designed", 1, "design", "", {}};
+    EXPECT_EQ(parseSettingsLeniently("", designed).statsPath, "designed");
+    EXPECT_EQ(parseSettingsLeniently("a\r\n", designed).statsPath, "a");
+    EXPECT_EQ(parseSettingsLeniently("a\r\n", designed).otherPath, "design");
+    EXPECT_EQ(parseSettingsLeniently("a\r\n3", designed).compareMethod, 3);
+    EXPECT_EQ(parseSettingsLeniently("a\r\n3\r\nb", designed).otherPath, "b");
+    EXPECT_EQ(parseSettingsLeniently("a\r\n3\r\nb\r\nOK\r\n9\r\n", designed).category, "OK");
+    EXPECT_FALSE(parseSettingsLeniently("a\r\n3\r\nb\r\nOK\r\n9\r\n", designed).fontSize.has_value());
 }
 
 TEST(Settings, AreWrittenWithBlanksAroundNumbers)

@@ -1,0 +1,284 @@
+#include "tests/support/command_line.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <fstream>
+
+namespace kavo {
+
+namespace {
+
+using test::Outcome;
+using test::statisticsText;
+using test::targetsText;
+using test::TemporaryFolder;
+using Json = nlohmann::json;
+
+/// A program folder in which bob compares stats.txt with other.txt.
+class Show : public testing::Test
+{
+protected:
+    Show()
+    {
+        folder.write("curUser.dat", "bob\r\n");
+        folder.write("bob/data.ini", "stats.txt\r\n 2 \r\nother.txt\r\n\r\n 8 \r\n");
+        folder.write("stats.txt", statisticsText({"00:10:00 Ann", "", "00:40:00 Ann"}));
+        folder.write("other.txt", statisticsText({"00:11:00 J\xFCrgen"}));
+        folder.write("targets.txt", targetsText());
+    }
+
+    Outcome run(const std::vector<std::string>& arguments) const { return test::runCommand(folder, arguments); }
+
+    [[nodiscard]] Json json(std::vector<std::string> arguments = {}, int status = 0) const
+    {
+        arguments.insert(arguments.begin(), {"show", "--json"});
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, status) << outcome.error;
+        return Json::parse(outcome.out);
+    }
+
+    TemporaryFolder folder;
+};
+
+std::string lineOf(const std::string& text, int number)
+{
+    std::istringstream lines(text);
+    std::string line;
+    for (int i = 0; i < number; ++i) std::getline(lines, line);
+    return line;
+}
+
+TEST_F(Show, PrintsTheTableInAlignedColumns)
+{
+    const Outcome outcome = run({"show"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.error, "");
+    EXPECT_EQ(std::count(outcome.out.begin(), outcome.out.end(), '\n'), 56);
+    EXPECT_EQ(
+        lineOf(outcome.out, 1),
+        "Level        Ann       Target 1      Jürgen    Target 2      Difference  Team      Target        Author");
+    EXPECT_EQ(lineOf(outcome.out, 2),
+              "1, Track     00:10:00  World Record  00:11:00  World Class   00:01:00    00:10:00  World Record  Ann");
+    EXPECT_EQ(
+        lineOf(outcome.out, 3),
+        "2, Track     SKIPPED   Beginner      00:30:00  Professional  00:30:00    00:30:00  Professional  Jürgen");
+    // 10 + 600 + 40 + 51 x 30 s; 11 + 53 x 30 s; the team drives 10 + 53 x 30 s.
+    EXPECT_EQ(lineOf(outcome.out, 56),
+              "TOTAL TIME:  36:20:00  Beginner      26:41:00  Beginner      09:39:00    26:40:00  Beginner      Team");
+}
+
+TEST_F(Show, PrintsEverythingAsJson)
+{
+    const Json shown = json();
+    EXPECT_EQ(shown["user"], "bob");
+    EXPECT_EQ(shown["caption"], "Kavo Timing 2.1  User: bob");
+    EXPECT_EQ(shown["messages"], Json::array());
+    EXPECT_TRUE(shown["error"].is_null());
+    EXPECT_EQ(shown["headers"],
+              Json({"Level", "Ann", "Target 1", "Jürgen", "Target 2", "Difference", "Team", "Target", "Author"}));
+    ASSERT_EQ(shown["rows"].size(), 55U);
+    const Json& first = shown["rows"][0];
+    EXPECT_EQ(first["cells"], Json({"1, Track", "00:10:00", "World Record", "00:11:00", "World Class", "00:01:00",
+                                    "00:10:00", "World Record", "Ann"}));
+    EXPECT_EQ(first["bold"], Json({false, true, false, false, false, false, true, false, false}));
+    EXPECT_EQ(first["colours"], Json({0, 0, 255, 0, 352255, 0, 0, 255, 0}));
+    const Json& totals = shown["rows"][54];
+    EXPECT_EQ(totals["bold"], Json(std::vector<bool>(9, true)));
+    EXPECT_EQ(totals["colours"], Json({0, 0, 0, 200 + 256 * 100 + 65536 * 200, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(shown["names"], Json({{"player1", "Ann"}, {"player2", "Jürgen"}, {"team", "Team"}}));
+    EXPECT_EQ(
+        shown["grades"]["player1"],
+        Json({{"World Record", 1}, {"World Class", 0}, {"Professional", 51}, {"Good", 1}, {"OK", 0}, {"Beginner", 1}}));
+    EXPECT_EQ(shown["grades"]["player2"]["World Class"], 1);
+    EXPECT_EQ(shown["grades"]["team"]["Professional"], 53);
+    EXPECT_EQ(shown["victories"], Json({{"player1", 2}, {"player2", 1}}));
+}
+
+TEST_F(Show, KeepsTheOrderOfTheFieldsInJson)
+{
+    const std::string text = run({"show", "--json"}).out;
+    std::size_t at = 0;
+    for (const char* field : {"\"user\"", "\"caption\"", "\"messages\"", "\"error\"", "\"headers\"", "\"rows\"",
+                              "\"names\"", "\"grades\"", "\"victories\""}) {
+        const std::size_t next = text.find(field, at);
+        ASSERT_NE(next, std::string::npos) << field;
+        at = next;
+    }
+    EXPECT_EQ(text.back(), '\n');
+}
+
+TEST_F(Show, GivesUncolouredCellsTheTextColourOfTheScheme)
+{
+    folder.write("bob/colors/colors.ini", "1\r\n2\r\n3\r\n4711\r\n5\r\n6\r\n7\r\n8\r\n9\r\n");
+    EXPECT_EQ(json()["rows"][0]["colours"], Json({4711, 4711, 5, 4711, 6, 4711, 4711, 5, 4711}));
+    folder.write("bob/colors/colors.ini", "1\r\n2\r\n3333333\r\n");
+    EXPECT_EQ(json()["rows"][0]["colours"][0], 0);
+}
+
+TEST_F(Show, BlanksRowsByAFilter)
+{
+    const Json blank = std::vector<std::string>(9);
+    const Json beginners = json({"--filter1", "Beginner"})["rows"];
+    EXPECT_EQ(beginners.size(), 55U);
+    EXPECT_EQ(beginners[0]["cells"], blank);
+    EXPECT_EQ(beginners[0]["colours"][2], 255);
+    EXPECT_EQ(beginners[1]["cells"][1], "SKIPPED");
+    EXPECT_EQ(beginners[54]["cells"][0], "TOTAL TIME:");
+    const Json victories = json({"--filter2", "Victories"})["rows"];
+    EXPECT_EQ(victories[0]["cells"], blank);
+    EXPECT_EQ(victories[1]["cells"][1], "SKIPPED");
+    EXPECT_EQ(victories[3]["cells"][1], "00:30:00");  // a tie
+    EXPECT_EQ(json({"--filter1", "World Class"})["grades"]["player1"]["Professional"], 51);
+}
+
+TEST_F(Show, KnowsEveryFilterOfTheMenu)
+{
+    for (const char* name : {"Beginner", "OK", "Good", "Professional", "World Class", "World Record", "Victories"})
+        for (const char* option : {"--filter1", "--filter2"})
+            EXPECT_EQ(run({"show", option, name}).status, 0) << option << name;
+}
+
+TEST_F(Show, TakesAWrongCallForAUsageError)
+{
+    for (const std::vector<std::string>& call :
+         std::vector<std::vector<std::string>>{{"show", "--filter1", "beginner"},
+                                               {"show", "--filter1", "Nobody"},
+                                               {"show", "--filter1", "No filter"},
+                                               {"show", "--filter1", "OK", "--filter2", "OK"},
+                                               {"show", "--filter1"},
+                                               {"show", "--xml"},
+                                               {"display"},
+                                               {},
+                                               {"show", "extra"}}) {
+        const Outcome outcome = run(call);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_NE(outcome.error, "");
+    }
+}
+
+TEST_F(Show, EndsWithOneAfterAnError)
+{
+    folder.write("stats.txt", "Player\r\nLevel 1\r\n00:10:00 Ann\r\n");
+    const Json shown = json({}, 1);
+    EXPECT_EQ(shown["error"], "Invalid procedure call or argument: stats.txt");
+    EXPECT_EQ(shown["rows"].size(), 1U);
+    EXPECT_EQ(shown["headers"][1], "Time 1");
+    EXPECT_EQ(shown["names"]["player1"], "Ann");
+    const Outcome outcome = run({"show"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.error, "Invalid procedure call or argument: stats.txt\n");
+}
+
+TEST_F(Show, EndsWithOneAfterAWrongFile)
+{
+    folder.write("other.txt", "nothing");
+    EXPECT_EQ(json({}, 1)["messages"], Json({"Wrong file!"}));
+    EXPECT_EQ(run({"show"}).error, "Wrong file!\n");
+}
+
+TEST_F(Show, GoesOnWithoutTargetsAndSaysSo)
+{
+    std::filesystem::remove(folder / "targets.txt");
+    const Json shown = json();
+    ASSERT_EQ(shown["messages"].size(), 1U);
+    EXPECT_EQ(shown["messages"][0],
+              "Unable to find: targets.txt. If you want to download it now, select \"Update "
+              "targets\" in right-button menu or press Ctrl+R");
+    EXPECT_EQ(shown["rows"][0]["cells"][2], "Beginner");
+}
+
+TEST_F(Show, LoadsTheUserThatIsNamed)
+{
+    folder.write("Жанна/data.ini", "other.txt\r\n 3 \r\n\r\nGood\r\n");
+    const Json shown = Json::parse(run({"--user", "Жанна", "show", "--json"}).out);
+    EXPECT_EQ(shown["user"], "Жанна");
+    EXPECT_EQ(shown["headers"][3], "Good");
+    EXPECT_EQ(run({"--user", "nobody", "show"}).status, 1);
+    EXPECT_EQ(run({"--user", "nobody", "show"}).error, "Path not found: nobody\n");
+    EXPECT_EQ(run({"--user", "../bob", "show"}).status, 1);
+}
+
+TEST_F(Show, WritesNothingIntoTheProgramFolder)
+{
+    run({"show"});
+    EXPECT_FALSE(folder.has("bob/colors"));
+    EXPECT_FALSE(folder.has("bob/names.dat"));
+    EXPECT_FALSE(folder.has("bob/view.dat"));
+    EXPECT_EQ(folder.read("curUser.dat"), "bob\r\n");
+}
+
+TEST_F(Show, ColoursATerminal)
+{
+    const std::string path = folder.path().string();
+    const std::vector<const char*> argv = {"kavo-timing-cli", "--program-folder", path.c_str(), "show"};
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream error;
+    EXPECT_EQ(runCommandLine(static_cast<int>(argv.size()), argv.data(),
+                             {.in = in, .out = out, .error = error, .isColoured = true}),
+              0);
+    const std::string line = lineOf(out.str(), 2);
+    EXPECT_NE(line.find("\x1b[38;2;255;0;0mWorld Record\x1b[0m"), std::string::npos) << line;
+    EXPECT_NE(line.find("\x1b[1m00:10:00\x1b[0m"), std::string::npos) << line;
+    EXPECT_EQ(run({"show"}).out.find('\x1b'), std::string::npos);
+}
+
+TEST_F(Show, KeepsControlCharactersFromTheTerminal)
+{
+    folder.write("bob/names.dat",
+                 "A\x1b[31mB\xC2\x9B"
+                 "C\x9B\r\n");
+    EXPECT_EQ(lineOf(run({"show"}).out, 1).find('\x1b'), std::string::npos);
+    EXPECT_EQ(lineOf(run({"show"}).out, 1).find("\xC2\x9B"), std::string::npos);
+}
+
+TEST_F(Show, ShowsAFailedOutputAsAnError)
+{
+    const std::string path = folder.path().string();
+    const std::vector<const char*> argv = {"kavo-timing-cli", "--program-folder", path.c_str(), "show"};
+    std::istringstream in;
+    std::ofstream out("/dev/full");
+    std::ostringstream error;
+    EXPECT_EQ(runCommandLine(static_cast<int>(argv.size()), argv.data(), {.in = in, .out = out, .error = error}), 1);
+    EXPECT_EQ(error.str(), "Disk full\n");
+}
+
+TEST_F(Show, FailsInAProgramFolderThatIsMissing)
+{
+    const std::vector<const char*> argv = {"kavo-timing-cli", "--program-folder", "/no/such/folder", "show"};
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream error;
+    EXPECT_EQ(runCommandLine(static_cast<int>(argv.size()), argv.data(), {.in = in, .out = out, .error = error}), 1);
+    EXPECT_EQ(error.str(), "Path not found: folder\n");
+}
+
+TEST_F(Show, FailsWithoutACurrentUser)
+{
+    std::filesystem::remove(folder / "curUser.dat");
+    EXPECT_EQ(json({}, 1)["error"], "File not found: curUser.dat");
+}
+
+TEST_F(Show, AnswersHelpAndVersion)
+{
+    EXPECT_EQ(run({"--version"}).out, "Kavo Timing 2.1 build 73\n");
+    EXPECT_EQ(run({"--version"}).status, 0);
+    const Outcome help = run({"--help"});
+    EXPECT_EQ(help.status, 0);
+    for (const char* word : {"show", "users", "export-text", "export-html", "update-targets", "--program-folder"})
+        EXPECT_NE(help.out.find(word), std::string::npos) << word;
+}
+
+TEST_F(Show, ListsTheUsersAsTheyStand)
+{
+    EXPECT_EQ(run({"users"}).out, "");
+    folder.write("users.dat", "bob\r\nЖанна\r\n");
+    EXPECT_EQ(run({"users"}).out, "bob\nЖанна\n");
+    EXPECT_EQ(run({"users"}).status, 0);
+}
+
+}  // namespace
+
+}  // namespace kavo
