@@ -20,6 +20,9 @@ struct Options
     QCommandLineParser parser;
     QCommandLineOption programFolder{
         "program-folder", "Folder with users, targets and settings (environment: KAVO_PROGRAM_FOLDER).", "DIR"};
+    QCommandLineOption recordsHost{
+        "records-host", "Host of the world-records page, or its base address (environment: KAVO_RECORDS_HOST).",
+        "HOST[:PORT]"};
     QCommandLineOption help{QStringList{"h", "help"}, "Show this help and exit."};
     QCommandLineOption version{"version", "Show the version and exit."};
     QCommandLineOption quitAfterFirstPaint{"quit-after-first-paint"};
@@ -28,7 +31,8 @@ struct Options
     {
         quitAfterFirstPaint.setFlags(QCommandLineOption::HiddenFromHelp);  // for timing the start
         parser.setApplicationDescription("Grades and compares the best times of the game's levels.");
-        for (const auto& option : {programFolder, help, version, quitAfterFirstPaint}) parser.addOption(option);
+        for (const auto& option : {programFolder, recordsHost, help, version, quitAfterFirstPaint})
+            parser.addOption(option);
     }
 };
 
@@ -74,6 +78,13 @@ bool asksOnly(int argc, char** argv)
     });
 }
 
+/// As the user names it, the option before the environment.
+std::string recordsHost(const Options& options)
+{
+    const QString named = options.parser.value(options.recordsHost);
+    return kavo::fromScreen(named.isEmpty() ? qEnvironmentVariable("KAVO_RECORDS_HOST") : named);
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -88,6 +99,7 @@ int main(int argc, char** argv)
         if (options.parser.isSet(options.programFolder))
             folder = kavo::fromScreen(options.parser.value(options.programFolder));
         kavo::Program program(kavo::findProgramFolder(kavo::programFolderSources(folder)), application.prompts());
+        program.useRecordsHost(recordsHost(options));
         if (options.parser.isSet(options.quitAfterFirstPaint))
             QObject::connect(&program.mainWindow(), &Form1::painted, &application, &QCoreApplication::quit);
         QTimer::singleShot(0, &program, &kavo::Program::start);

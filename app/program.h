@@ -33,6 +33,9 @@ public:
     /// Loads the login window, which logs in at once when auto-login is on.
     void start();
 
+    /// Another host for the world-records page; an empty text is the default one.
+    void useRecordsHost(const std::string& host) { m_session.recordsHost = host; }
+
     void showMain() override;
     void showLogin(const QString& nick, bool autoLogin) override;
     void quit() override;

@@ -20,6 +20,7 @@ inline constexpr std::string_view kCompareWithTargets = "compwith";
 struct Session
 {
     std::filesystem::path programFolder;
+    std::string recordsHost;  ///< where the world-records page is fetched; empty for the default host
     ResultsState state;
 
     /// From the opening of a template report until it is closed. One that breaks off is never closed, and

@@ -22,6 +22,11 @@ QWidget* visibleWindow(const char* className)
 const std::vector<WindowRow>& allWindows()
 {
     static const std::vector<WindowRow> kWindows = {
+        {.className = "Form7",
+         .caption = "Targets-updater",
+         .entry = "mnuUpTargets",
+         .image = "targets-updater",
+         .controls = {"Label1", "Label2", "pgb", "Command2", "Command1"}},
         {.className = "Form8",
          .caption = "BUGs",
          .entry = "mnuBUGs",

@@ -8,6 +8,7 @@
 #include "ui/settings/bug_times_window.h"
 #include "ui/settings/options_window.h"
 #include "ui/settings/view_window.h"
+#include "updater/targets_updater_window.h"
 
 #include <QGuiApplication>
 
@@ -25,7 +26,12 @@ public:
 
 }  // namespace
 
-void Form1::mnuUpTargets_Click() {}
+void Form1::mnuUpTargets_Click()
+{
+    Form7(m_services, this).exec();
+    // Also when nothing was updated: the entry has always loaded the results anew.
+    reload();
+}
 
 void Form1::mnuBUGs_Click()
 {
