@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <optional>
+
 namespace kavo {
 namespace {
 
@@ -110,6 +113,36 @@ TEST(LibreOfficeExport, AModuleThatIsMissingIsAnError)
     if (kModule == nullptr) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
     EXPECT_NE(moduleEntry(kModule, kCreateEntry), nullptr);
     EXPECT_THROW(static_cast<void>(moduleEntry(kModule, "noSuchEntry")), std::runtime_error);
+}
+
+/// Takes a variable out of this process's environment as long as it lives.
+class WithoutVariable final
+{
+public:
+    explicit WithoutVariable(const char* name) : m_name(name)
+    {
+        if (const char* value = std::getenv(name)) m_value = value;
+        ::unsetenv(name);
+    }
+    ~WithoutVariable()
+    {
+        if (m_value) ::setenv(m_name, m_value->c_str(), 1);
+    }
+    WithoutVariable(const WithoutVariable&) = delete;
+    WithoutVariable& operator=(const WithoutVariable&) = delete;
+
+private:
+    const char* m_name;
+    std::optional<std::string> m_value;
+};
+
+TEST(LibreOfficeExport, WithoutADisplayNoOfficeIsStarted)
+{
+    if (kModule == nullptr) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
+    const WithoutVariable display("DISPLAY");
+    const WithoutVariable wayland("WAYLAND_DISPLAY");
+    const auto create = reinterpret_cast<CreateEntry>(moduleEntry(kModule, kCreateEntry));
+    EXPECT_EQ(std::unique_ptr<Spreadsheet>(create()), nullptr);
 }
 
 TEST(LibreOfficeExport, TheModuleIsLookedForBesideTheProgramAndInTheLibraryFolder)
