@@ -9,3 +9,7 @@ cmake -S "$source_folder" -B "$build_folder" -G Ninja \
     -DCMAKE_TOOLCHAIN_FILE="$source_folder/cmake/mingw-toolchain.cmake" -DCMAKE_BUILD_TYPE=Debug \
     -DKAVO_GUI=OFF -DKAVO_CLI=OFF -DKAVO_TESTS=OFF -DKAVO_LIBREOFFICE=OFF
 cmake --build "$build_folder" --target kavo_core
+# A library leaves unresolved names to others; all of it as one DLL does not.
+x86_64-w64-mingw32-g++-posix -shared -o "$build_folder/kavo_core.dll" \
+    -Wl,--whole-archive "$build_folder/core/libkavo_core.a" -Wl,--no-whole-archive -lole32 -loleaut32 -luuid
+echo "Windows: compiled and linked"
