@@ -67,6 +67,7 @@ QString ScreenPrompts::askFileToSave(QWidget* parent, const FileQuestion& questi
 {
     QFileDialog dialog(parent, question.title, question.startAt);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);  // files are replaced without asking
     return execFileDialog(dialog, question);
 }
 

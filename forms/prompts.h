@@ -21,9 +21,9 @@ struct LineQuestion
 
 struct FileQuestion
 {
-    QString title;
-    QStringList filters;  ///< "Name (*.ext)" each; empty: all files
-    QString startAt;      ///< folder or file that the dialog opens on
+    QString title{};
+    QStringList filters{};  ///< "Name (*.ext)" each; empty: all files
+    QString startAt{};      ///< folder or file that the dialog opens on
 };
 
 enum class Answer { Yes, No };

@@ -1,6 +1,6 @@
 #include "reports/report_dates.h"
 
-#include "tests/support/command_line.h"
+#include "tests/support/report_session.h"
 
 #include <gtest/gtest.h>
 

@@ -2,27 +2,13 @@
 
 #include "cli/commands.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/report_session.h"
 
-#include <ctime>
 #include <sstream>
 #include <string>
 #include <vector>
 
 namespace kavo::test {
-
-/// Local time 2026-03-07 14:05:09, the moment of the golden reports.
-inline std::time_t reportMoment()
-{
-    std::tm parts{};
-    parts.tm_year = 126;
-    parts.tm_mon = 2;
-    parts.tm_mday = 7;
-    parts.tm_hour = 14;
-    parts.tm_min = 5;
-    parts.tm_sec = 9;
-    parts.tm_isdst = -1;
-    return std::mktime(&parts);
-}
 
 /// What a command printed, and its exit status.
 struct Outcome

@@ -4,11 +4,26 @@
 #include "core/text.h"
 #include "reports/report_lines.h"
 
+#include <ctime>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kavo::test {
+
+/// Local time 2026-03-07 14:05:09, the moment of the golden reports.
+inline std::time_t reportMoment()
+{
+    std::tm parts{};
+    parts.tm_year = 126;
+    parts.tm_mon = 2;
+    parts.tm_mday = 7;
+    parts.tm_hour = 14;
+    parts.tm_min = 5;
+    parts.tm_sec = 9;
+    parts.tm_isdst = -1;
+    return std::mktime(&parts);
+}
 
 /// A session as a loading leaves it, plain enough to reckon with: every level is "1, Track" to
 /// "54, Track" with 00:30:00 against 00:40:00, targets 10, 20, 30, 40 and 50 seconds; the totals row has

@@ -126,4 +126,5 @@ private:
     bool m_reloadWanted = false;
     bool m_layoutFailed = false;  ///< told once, not at every step of a resize
     bool m_isPainted = false;
+    QString m_statisticsCaption;  ///< of the statistics window from its second opening on
 };

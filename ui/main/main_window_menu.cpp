@@ -2,8 +2,12 @@
 
 #include "core/users.h"
 #include "forms/screen_text.h"
+#include "reports/html_export_window.h"
+#include "reports/level_statistics_window.h"
 #include "reports/report_dates.h"
 #include "reports/spreadsheet_export.h"
+#include "reports/statistics_window.h"
+#include "reports/text_export_window.h"
 #include "ui/main/main_window.h"
 #include "ui/settings/bug_times_window.h"
 #include "ui/settings/options_window.h"
@@ -55,11 +59,24 @@ void Form1::mnuFont_Click()
     window.exec();
 }
 
-void Form1::mnuStats_Click() {}
+void Form1::mnuStats_Click()
+{
+    Form6 window(m_services, this);
+    if (!m_statisticsCaption.isEmpty()) window.setWindowTitle(m_statisticsCaption);
+    window.exec();
+    // After the window has closed, on purpose: the first one of a run shows its own caption.
+    m_statisticsCaption = "Statistics of user: " + kavo::toScreen(m_services.session.UserName);
+}
 
-void Form1::mnuLevsStats_Click() {}
+void Form1::mnuLevsStats_Click()
+{
+    Form10(m_services, this).exec();
+}
 
-void Form1::mnuHTML_Click() {}
+void Form1::mnuHTML_Click()
+{
+    Form11(m_services, this).exec();
+}
 
 void Form1::mnuExport_Click()
 {
@@ -69,7 +86,10 @@ void Form1::mnuExport_Click()
     kavo::ExportExcel(session.table, session.state, session.colours, date, m_createSpreadsheet);
 }
 
-void Form1::mnuTextExport_Click() {}
+void Form1::mnuTextExport_Click()
+{
+    Form9(m_services, this).exec();
+}
 
 void Form1::mnuLinks_Click() {}
 

@@ -1,0 +1,165 @@
+#include "reports/html_export_window.h"
+
+#include "core/file_name.h"
+#include "core/run_time_error.h"
+#include "core/session.h"
+#include "core/text_file.h"
+#include "forms/prompts.h"
+#include "forms/screen_text.h"
+#include "reports/html_export.h"
+#include "ui_html_export_window.h"
+
+#include <QFontDatabase>
+
+using kavo::fromScreen;
+using kavo::messages::kFailed;
+using kavo::messages::kOk;
+
+namespace {
+
+const QString kAllFiles = QStringLiteral("All files (*)");
+
+/// The star in front belongs to the name.
+QStringList templateFilters()
+{
+    return {"*Kavo Timing Template (*.ett)", kAllFiles};
+}
+
+std::unique_ptr<Ui::Form11> designed(QDialog* window)
+{
+    auto ui = std::make_unique<Ui::Form11>();
+    ui->setupUi(window);
+    return ui;
+}
+
+}  // namespace
+
+Form11::Form11(const kavo::Services& services, QWidget* parent)
+    : SecondaryWindow(services, parent),
+      ui(designed(this)),
+      m_beginning(*ui->Text2),
+      m_loop(*ui->Text3),
+      m_total(*ui->Text4),
+      m_ending(*ui->Text5)
+{
+    useFixedFont();
+    wire();
+    applyColours();
+}
+
+Form11::~Form11() = default;
+
+void Form11::wire()
+{
+    connect(ui->Combo1, &QComboBox::activated, this, &Form11::Combo1_Click);
+    connect(ui->Combo2, &QComboBox::activated, this, &Form11::Combo2_Click);
+    connect(ui->Combo3, &QComboBox::activated, this, &Form11::Combo3_Click);
+    connect(ui->Combo4, &QComboBox::activated, this, &Form11::Combo4_Click);
+    connect(ui->Command1, &QPushButton::clicked, this, &Form11::Command1_Click);
+    connect(ui->Command2, &QPushButton::clicked, this, &Form11::Command2_Click);
+    connect(ui->Command3, &QPushButton::clicked, this, &Form11::close);
+    connect(ui->Command4, &QPushButton::clicked, this, &Form11::Command4_Click);
+    connect(ui->Command5, &QPushButton::clicked, this, &Form11::Command5_Click);
+    connect(ui->Command6, &QPushButton::clicked, this, &Form11::Command6_Click);
+    connect(ui->Command7, &QPushButton::clicked, this, &Form11::Command7_Click);
+    connect(ui->Command8, &QPushButton::clicked, this, &Form11::Command8_Click);
+    connect(ui->Command9, &QPushButton::clicked, this, &Form11::Command9_Click);
+}
+
+void Form11::useFixedFont()
+{
+    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    for (QPlainTextEdit* box : {ui->Text2, ui->Text3, ui->Text4, ui->Text5}) box->setFont(font);
+}
+
+// Combo3, Combo1, Combo2, Combo4: a chosen placeholder waits for its Insert button
+void Form11::Combo1_Click()
+{
+    ui->Command9->setFocus();
+}
+
+void Form11::Combo2_Click()
+{
+    ui->Command6->setFocus();
+}
+
+void Form11::Combo3_Click()
+{
+    ui->Command7->setFocus();
+}
+
+void Form11::Combo4_Click()
+{
+    ui->Command8->setFocus();
+}
+
+// Command7, Command9, Command6, Command8: insert it
+void Form11::Command6_Click()
+{
+    m_total.insert(ui->Combo2->currentText());
+}
+
+void Form11::Command7_Click()
+{
+    m_beginning.insert(ui->Combo3->currentText());
+}
+
+void Form11::Command8_Click()
+{
+    m_ending.insert(ui->Combo4->currentText());
+}
+
+void Form11::Command9_Click()
+{
+    m_loop.insert(ui->Combo1->currentText());
+}
+
+// Command1: choose the path of the report
+void Form11::Command1_Click()
+{
+    const QString chosen = services().prompts.askFileToSave(
+        this, {.filters = {"HTML (*.html)", "HTM (*.htm)", kAllFiles}, .startAt = ui->Text1->text()});
+    if (!chosen.isEmpty()) ui->Text1->setText(chosen);
+}
+
+// Command2: save the sections
+void Form11::Command2_Click()
+{
+    const QString chosen = services().prompts.askFileToSave(this, {.filters = templateFilters()});
+    if (!chosen.isEmpty()) kavo::replaceFile(typedPath(chosen), kavo::formatTemplate(sections()));
+}
+
+// Command5: load them
+void Form11::Command5_Click()
+{
+    const QString chosen = services().prompts.askFileToOpen(this, {.filters = templateFilters()});
+    const auto path = chosen.isEmpty() ? std::filesystem::path() : typedPath(chosen);
+    const kavo::TemplateSections loaded = kavo::loadTemplateFile(sections(), path);
+    m_beginning.setBytes(loaded.beginning);
+    m_loop.setBytes(loaded.loop);
+    m_total.setBytes(loaded.total);
+    m_ending.setBytes(loaded.ending);
+}
+
+// Command4: write the report
+void Form11::Command4_Click()
+{
+    std::string_view outcome = kOk;
+    try {
+        kavo::exportHtml(session(), sections(), services().clock.now().toSecsSinceEpoch(),
+                         typedPath(ui->Text1->text()));
+    } catch (const kavo::RunTimeError&) {
+        outcome = kFailed;  // whatever it was: the box says no more
+    }
+    services().prompts.tell(this, {.text = std::string(outcome)});
+}
+
+std::filesystem::path Form11::typedPath(const QString& text) const
+{
+    return kavo::locateTyped(session().programFolder, fromScreen(text));
+}
+
+kavo::TemplateSections Form11::sections() const
+{
+    return {m_beginning.bytes(), m_loop.bytes(), m_total.bytes(), m_ending.bytes()};
+}

@@ -1,0 +1,93 @@
+#include "reports/section_box.h"
+
+#include "core/run_time_error.h"
+#include "core/text.h"
+#include "forms/screen_text.h"
+
+#include <QPlainTextEdit>
+#include <QTextBlock>
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+namespace kavo {
+
+namespace {
+
+/// The bytes that the first `units` of the shown text stand for: a line end is shown as one, a character
+/// of four bytes as two.
+std::size_t bytesBehind(std::string_view bytes, qsizetype units)
+{
+    std::size_t at = 0;
+    while (at < bytes.size() && units > 0) {
+        const bool isLineEnd = bytes.substr(at, kLineEnd.size()) == kLineEnd;
+        const std::size_t length = isLineEnd ? kLineEnd.size() : characterLength(bytes, at);
+        units -= length == 4 ? 2 : 1;
+        at += length;
+    }
+    return at;
+}
+
+qsizetype commonStart(const QString& a, const QString& b)
+{
+    const auto length = std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin();
+    return length > 0 && a.at(length - 1).isHighSurrogate() ? length - 1 : length;
+}
+
+/// Common end of what follows the common start.
+qsizetype commonEnd(const QString& a, const QString& b, qsizetype start)
+{
+    const auto length = std::mismatch(a.rbegin(), a.rend() - start, b.rbegin(), b.rend() - start).first - a.rbegin();
+    return length > 0 && a.at(a.size() - length).isLowSurrogate() ? length - 1 : length;
+}
+
+std::string typedBytes(QString text)
+{
+    for (const QChar lineEnd : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
+        text.replace(lineEnd, "\r\n");
+    return fromScreen(text);
+}
+
+}  // namespace
+
+SectionBox::SectionBox(QPlainTextEdit& box) : m_box(box)
+{
+    connect(&box, &QPlainTextEdit::textChanged, this, &SectionBox::takeEdit);
+}
+
+void SectionBox::setBytes(std::string_view bytes)
+{
+    const QSignalBlocker blocker(m_box);
+    m_box.setPlainText(toScreen(bytes).replace("\r\n", "\n"));
+    m_bytes = bytes;
+    m_text = m_box.document()->toRawText();
+}
+
+/// Every edit replaces one stretch of the text; the bytes on both sides of it stay.
+void SectionBox::takeEdit()
+{
+    // Not toPlainText: that turns no-break spaces into plain ones.
+    const QString text = m_box.document()->toRawText();
+    const qsizetype start = commonStart(m_text, text);
+    const qsizetype end = commonEnd(m_text, text, start);
+    const std::string_view before = m_bytes;
+    m_bytes = std::string(before.substr(0, bytesBehind(before, start)))
+                  .append(typedBytes(text.sliced(start, text.size() - end - start)))
+                  .append(before.substr(bytesBehind(before, m_text.size() - end)));
+    m_text = text;
+}
+
+void SectionBox::insert(const QString& text)
+{
+    QTextCursor cursor = m_box.textCursor();
+    const int position = cursor.position();
+    const int lineEndsBefore = cursor.blockNumber();  // count as two characters each
+    if (position + lineEndsBefore > std::numeric_limits<std::int16_t>::max()) throw RunTimeError(Failure::InvalidCall);
+    cursor.setPosition(position);
+    cursor.insertText(text);
+    m_box.setTextCursor(cursor);
+    m_box.setFocus();
+}
+
+}  // namespace kavo

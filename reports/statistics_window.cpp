@@ -1,0 +1,87 @@
+#include "reports/statistics_window.h"
+
+#include "core/session.h"
+#include "forms/screen_text.h"
+#include "reports/statistics.h"
+#include "ui_statistics_window.h"
+
+#include <algorithm>
+
+using kavo::Side;
+
+namespace {
+
+/// A caption in which an ampersand is only that.
+QString plainCaption(const std::string& name)
+{
+    return kavo::toScreen(name).replace("&", "&&");
+}
+
+}  // namespace
+
+Form6::Form6(const kavo::Services& services, QWidget* parent)
+    : SecondaryWindow(services, parent), ui(std::make_unique<Ui::Form6>())
+{
+    ui->setupUi(this);
+    wire();
+    Form_Load();
+}
+
+Form6::~Form6() = default;
+
+void Form6::wire()
+{
+    connect(ui->Option1, &QRadioButton::toggled, this, &Form6::Option1_Click);
+    connect(ui->Option2, &QRadioButton::toggled, this, &Form6::Option2_Click);
+    connect(ui->Option3, &QRadioButton::toggled, this, &Form6::Option3_Click);
+    connect(ui->Command1, &QPushButton::clicked, this, &Form6::close);
+}
+
+void Form6::Form_Load()
+{
+    show(Side::Player1);
+    fitText();
+    ui->Option1->setText(plainCaption(session().state.Player1Name));
+    ui->Option2->setText(plainCaption(session().state.Player2Name));
+    ui->Option3->setText(plainCaption(session().state.TeamName));
+    applyColours();
+}
+
+// Option1, Option2, Option3: whose figures
+void Form6::Option1_Click(bool isChosen)
+{
+    if (isChosen) show(Side::Player1);
+}
+
+void Form6::Option2_Click(bool isChosen)
+{
+    if (isChosen) show(Side::Player2);
+}
+
+void Form6::Option3_Click(bool isChosen)
+{
+    if (isChosen) show(Side::Team);
+}
+
+void Form6::show(Side side)
+{
+    const auto figures = kavo::statisticsFigures(session().state, side);
+    const std::array bars = {ui->ProgressBar1, ui->ProgressBar2, ui->ProgressBar3, ui->ProgressBar4,
+                             ui->ProgressBar5, ui->ProgressBar6, ui->ProgressBar7};
+    for (std::size_t i = 0; i < bars.size(); ++i) {
+        QProgressBar& bar = *bars.at(i);
+        bar.setValue(std::clamp(figures.at(i), bar.minimum(), bar.maximum()));
+        bar.setToolTip(QString::number(figures.at(i)));
+    }
+    ui->Text1->setPlainText(kavo::toScreen(kavo::statisticsText(session().state, side)));
+}
+
+/// The first TAB stop lies behind the longest label, so that the numbers stand in one column.
+void Form6::fitText()
+{
+    const QFontMetrics metrics(ui->Text1->font());
+    const int stop = metrics.horizontalAdvance("World Records:  ");
+    ui->Text1->setTabStopDistance(stop);
+    constexpr int kLines = 9;  // and a margin
+    ui->Text1->setMinimumSize(stop + metrics.horizontalAdvance("0000000"), kLines * metrics.lineSpacing());
+}

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "core/text_file.h"
+#include "forms/desktop.h"
+#include "forms/services.h"
+#include "tests/support/report_session.h"
+#include "tests/support/window_fixture.h"
+
+#include <QDateTime>
+
+namespace kavo::test {
+
+class FixedClock final : public Clock
+{
+public:
+    [[nodiscard]] QDateTime now() const override { return QDateTime::fromSecsSinceEpoch(reportMoment()); }
+};
+
+/// Remembers what was to be opened; runs nothing.
+class RecordingDesktop final : public Desktop
+{
+public:
+    bool open(const QString& documentOrAddress) override
+    {
+        opened << documentOrAddress;
+        return true;
+    }
+
+    bool start(const QString& program, const QStringList&) override
+    {
+        started << program;
+        return true;
+    }
+
+    std::optional<QString> registryValue(const QString&, const QString&) override { return std::nullopt; }
+    QString findProgram(const QString&) override { return {}; }
+
+    QStringList opened;
+    QStringList started;
+};
+
+/// One window of the reports over a plain session, without the main window.
+class ReportWindowTest : public testing::Test
+{
+protected:
+    ReportWindowTest()
+    {
+        Application& application = *static_cast<Application*>(qApp);
+        application.setPrompts(prompts);
+        folder.write("curUser.dat", "Zoe\r\n");
+        folder.write("Zoe/colors/colors.ini", " 100 \r\n 200 \r\n 300 \r\n 400 \r\n");
+        session.programFolder = folder.path();
+        session.UserName = "Zoe";
+    }
+
+    ~ReportWindowTest() override { static_cast<Application*>(qApp)->restorePrompts(); }
+
+    template <typename Control>
+    static Control& control(const QWidget& window, const QString& name)
+    {
+        auto* found = window.findChild<Control*>(name);
+        if (found == nullptr) throw std::runtime_error("no control " + name.toStdString());
+        return *found;
+    }
+
+    static void showAndWait(QWidget& window)
+    {
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+
+    static void click(QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }
+
+    /// The whole window closes at the release of Escape, not at the press.
+    static void expectEscapeCloses(QWidget& window, QWidget& focused)
+    {
+        QTest::keyPress(&focused, Qt::Key_Escape);
+        EXPECT_TRUE(window.isVisible());
+        QTest::keyRelease(&focused, Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible());
+    }
+
+    /// The colours of the user's file (background 100, labels 300) have reached the window.
+    static void expectPainted(const QWidget& window, const QWidget& label)
+    {
+        EXPECT_EQ(window.palette().color(QPalette::Window), QColor(100, 0, 0));
+        EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(300 - 256, 1, 0));
+    }
+
+    TemporaryFolder folder;
+    ScriptedPrompts prompts;
+    RecordingDesktop desktop;
+    FixedClock clock;
+    Session session = reportSession();
+    Services services{session, prompts, desktop, clock};
+};
+
+}  // namespace kavo::test
