@@ -41,6 +41,7 @@ void Form6::Form_Load()
 {
     show(Side::Player1);
     fitText();
+    spreadBars();
     ui->Option1->setText(plainCaption(session().state.Player1Name));
     ui->Option2->setText(plainCaption(session().state.Player2Name));
     ui->Option3->setText(plainCaption(session().state.TeamName));
@@ -84,4 +85,13 @@ void Form6::fitText()
     ui->Text1->setTabStopDistance(stop);
     constexpr int kLines = 9;  // and a margin
     ui->Text1->setMinimumSize(stop + metrics.horizontalAdvance("0000000"), kLines * metrics.lineSpacing());
+}
+
+/// The bars stand at equal distances, however long the labels under them are.
+void Form6::spreadBars()
+{
+    const std::array labels = {ui->Label1, ui->Label2, ui->Label3, ui->Label4, ui->Label5, ui->Label6, ui->Label7};
+    int widest = 0;
+    for (const QLabel* label : labels) widest = std::max(widest, label->sizeHint().width());
+    for (int column = 0; column < kavo::kStatisticsBars; ++column) ui->barLayout->setColumnMinimumWidth(column, widest);
 }

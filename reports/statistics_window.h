@@ -34,6 +34,7 @@ private:
     void Option3_Click(bool isChosen);
     void show(kavo::Side side);
     void fitText();
+    void spreadBars();
 
     std::unique_ptr<Ui::Form6> ui;
 };
