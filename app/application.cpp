@@ -3,6 +3,8 @@
 #include "core/version.h"
 #include "forms/screen_text.h"
 
+#include <QIcon>
+
 namespace kavo {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
@@ -11,6 +13,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv)
     setApplicationDisplayName({});
     setApplicationVersion(toScreen(kProductVersion));
     setDesktopFileName("kavo-timing");
+    setWindowIcon(QIcon(":/kavo-timing.svg"));
     // Between the login and the main window there is a moment without any window.
     setQuitOnLastWindowClosed(false);
 }

@@ -9,13 +9,24 @@
 
 namespace kavo {
 
+namespace {
+
+bool isAddress(const QUrl& url)
+{
+    if (!url.isValid()) return false;
+    if (url.scheme() == "mailto") return !url.path().isEmpty();
+    return (url.scheme() == "http" || url.scheme() == "https") && !url.host().isEmpty();
+}
+
+}  // namespace
+
 bool SystemDesktop::open(const QString& documentOrAddress)
 {
-    if (QFileInfo::exists(documentOrAddress))
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(documentOrAddress).absoluteFilePath()));
+    // As an address with a whole path, no name of a file can be taken for an option of the handler.
+    const QFileInfo file(documentOrAddress);
+    if (file.isFile()) return QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
     const QUrl url(documentOrAddress, QUrl::StrictMode);
-    const QStringList kAllowed = {"http", "https", "mailto"};
-    return url.isValid() && kAllowed.contains(url.scheme()) && QDesktopServices::openUrl(url);
+    return isAddress(url) && QDesktopServices::openUrl(url);
 }
 
 bool SystemDesktop::start(const QString& program, const QStringList& arguments)

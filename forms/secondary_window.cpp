@@ -28,6 +28,12 @@ void SecondaryWindow::applyColours()
     paintWindow(*this, readWindowColours(currentUserFolder()));
 }
 
+void SecondaryWindow::reportOnceShown(const RunTimeError& error)
+{
+    QMetaObject::invokeMethod(
+        this, [error] { throw error; }, Qt::QueuedConnection);
+}
+
 void SecondaryWindow::closeRequested()
 {
     close();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/run_time_error.h"
 #include "forms/services.h"
 
 #include <QDialog>
@@ -28,6 +29,9 @@ protected:
 
     /// Reads the current user's colours and paints the window with them; the defaults without a file.
     void applyColours();
+
+    /// Reports an error of the loading once the window is on the screen with what could be read.
+    void reportOnceShown(const RunTimeError& error);
 
     /// What Escape does; by default the window closes.
     virtual void closeRequested();

@@ -76,6 +76,17 @@ const std::vector<WindowRow>& allWindows()
          .entry = "mnuTextExport",
          .image = "text-export",
          .controls = {"Command3", "Command2", "Frame1", "Command1", "Text1", "Label1"}},
+        {.className = "Form4",
+         .caption = "Links:",
+         .entry = "mnuLinks",
+         .image = "links",
+         .controls = {"List1", "List2", "Label1", "Command2"}},
+        {.className = "frmAbout",
+         .caption = "About NRL Kavo Timing",
+         .entry = "mnuAbout",
+         .image = "about",
+         .controls = {"lblTitle", "lblVersion", "Frame1", "Text1", "Label1", "Label2", "Label3", "cmdOK",
+                      "cmdSysInfo"}},
     };
     return kWindows;
 }

@@ -5,6 +5,8 @@
 #include "forms/screen_text.h"
 #include "ui_splash_window.h"
 
+#include <QIcon>
+
 frmSplash::frmSplash() : QDialog(nullptr, Qt::SplashScreen), ui(std::make_unique<Ui::frmSplash>())
 {
     ui->setupUi(this);
@@ -15,16 +17,30 @@ frmSplash::~frmSplash() = default;
 
 void frmSplash::Form_Load()
 {
+    constexpr QSize kLogo(128, 128);
+    ui->imgLogo->setPixmap(QIcon(":/kavo-timing.svg").pixmap(kLogo, devicePixelRatioF()));
     ui->lblProductName->setText(kavo::toScreen(kavo::kApplicationTitle));
     ui->lblVersion->setText(kavo::toScreen(kavo::kVersionText));
 }
 
-void frmSplash::keyPressEvent(QKeyEvent*)
+// The window: a key closes it
+void frmSplash::Form_KeyPress()
 {
     close();
 }
 
-void frmSplash::mousePressEvent(QMouseEvent*)
+// Frame1: so does a click
+void frmSplash::Frame1_Click()
 {
     close();
+}
+
+void frmSplash::keyPressEvent(QKeyEvent*)
+{
+    Form_KeyPress();
+}
+
+void frmSplash::mousePressEvent(QMouseEvent*)
+{
+    Frame1_Click();
 }

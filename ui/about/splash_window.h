@@ -16,6 +16,7 @@ class frmSplash;
 /// | imgLogo        | the logo                                         |
 /// | lblProductName | the application's title                          |
 /// | lblVersion     | "Version " major "." minor " build " revision    |
+/// | Label1, Label2 | the author lines                                 |
 class frmSplash final : public QDialog
 {
     Q_OBJECT
@@ -30,6 +31,8 @@ protected:
 
 private:
     void Form_Load();
+    void Form_KeyPress();
+    void Frame1_Click();
 
     std::unique_ptr<Ui::frmSplash> ui;
 };

@@ -8,6 +8,7 @@
 #include "ui/main/results_model.h"
 #include "ui/navigator.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -16,6 +17,7 @@
 #include <vector>
 
 class QMenu;
+class frmAbout;
 
 namespace Ui {
 class Form1;
@@ -127,4 +129,5 @@ private:
     bool m_layoutFailed = false;  ///< told once, not at every step of a resize
     bool m_isPainted = false;
     QString m_statisticsCaption;  ///< of the statistics window from its second opening on
+    QPointer<frmAbout> m_about;   ///< there is one at most
 };

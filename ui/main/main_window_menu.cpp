@@ -8,6 +8,8 @@
 #include "reports/spreadsheet_export.h"
 #include "reports/statistics_window.h"
 #include "reports/text_export_window.h"
+#include "ui/about/about_window.h"
+#include "ui/about/links_window.h"
 #include "ui/main/main_window.h"
 #include "ui/settings/bug_times_window.h"
 #include "ui/settings/options_window.h"
@@ -91,9 +93,22 @@ void Form1::mnuTextExport_Click()
     Form9(m_services, this).exec();
 }
 
-void Form1::mnuLinks_Click() {}
+void Form1::mnuLinks_Click()
+{
+    Form4(m_services, this).exec();
+}
 
-void Form1::mnuAbout_Click() {}
+void Form1::mnuAbout_Click()
+{
+    if (m_about == nullptr) {
+        m_about = new frmAbout(m_services, this);
+        m_about->setAttribute(Qt::WA_DeleteOnClose);
+        connect(this, &Form1::closed, m_about, &QWidget::close);
+    }
+    m_about->show();
+    m_about->raise();
+    m_about->activateWindow();
+}
 
 void Form1::mnuRefresh_Click()
 {

@@ -1,0 +1,23 @@
+#include "core/links.h"
+
+#include "core/file_name.h"
+#include "core/text_cursor.h"
+
+namespace kavo {
+
+Links parseLinks(std::string_view text)
+{
+    Links links;
+    for (TextCursor lines(text); !lines.atEnd();) {
+        links.addresses.emplace_back(lines.line());
+        if (!lines.atEnd()) links.descriptions.emplace_back(lines.line());
+    }
+    return links;
+}
+
+std::filesystem::path linksFile(const std::filesystem::path& programFolder)
+{
+    return locate(programFolder / "links.txt");
+}
+
+}  // namespace kavo

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kavo {
+
+/// The lines of `links.txt` in turn: an address, and what is found there. Entry i of both belongs together.
+struct Links
+{
+    std::vector<std::string> addresses;
+    std::vector<std::string> descriptions;
+
+    /// Whether the last address has no description.
+    [[nodiscard]] bool endsEarly() const { return addresses.size() != descriptions.size(); }
+};
+
+[[nodiscard]] Links parseLinks(std::string_view text);
+
+[[nodiscard]] std::filesystem::path linksFile(const std::filesystem::path& programFolder);
+
+}  // namespace kavo

@@ -1,0 +1,37 @@
+#include "core/links.h"
+
+#include <gtest/gtest.h>
+
+namespace kavo {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST(Links, TwoLinesMakeAPair)
+{
+    const Links links = parseLinks("https://a.example/\r\nFirst, with a comma\r\nhttps://b.example/\nSecond");
+    EXPECT_EQ(links.addresses, Lines({"https://a.example/", "https://b.example/"}));
+    EXPECT_EQ(links.descriptions, Lines({"First, with a comma", "Second"}));
+    EXPECT_FALSE(links.endsEarly());
+}
+
+TEST(Links, OddLineIsReadWithoutItsDescription)
+{
+    const Links links = parseLinks("https://a.example/\r\nFirst\r\nhttps://b.example/\r\n");
+    EXPECT_EQ(links.addresses, Lines({"https://a.example/", "https://b.example/"}));
+    EXPECT_EQ(links.descriptions, Lines({"First"}));
+    EXPECT_TRUE(links.endsEarly());
+}
+
+TEST(Links, EmptyLinesCountAndAnEmptyFileHasNone)
+{
+    EXPECT_EQ(parseLinks("\r\n\r\n").addresses, Lines({""}));
+    EXPECT_EQ(parseLinks("\r\n\r\n").descriptions, Lines({""}));
+    EXPECT_TRUE(parseLinks("").addresses.empty());
+    EXPECT_FALSE(parseLinks("").endsEarly());
+}
+
+}  // namespace
+
+}  // namespace kavo

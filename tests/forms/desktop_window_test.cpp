@@ -1,0 +1,120 @@
+#include "forms/desktop.h"
+#include "forms/screen_text.h"
+#include "tests/support/program_folder_fixture.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Stands in for the programs that the system has for addresses of some kinds.
+class AddressHandler final : public QObject
+{
+    Q_OBJECT
+
+public:
+    AddressHandler()
+    {
+        for (const QString& scheme : schemes()) QDesktopServices::setUrlHandler(scheme, this, "take");
+    }
+
+    ~AddressHandler() override
+    {
+        for (const QString& scheme : schemes()) QDesktopServices::unsetUrlHandler(scheme);
+    }
+
+    QStringList taken;
+
+public slots:
+    void take(const QUrl& url) { taken << url.toString(QUrl::FullyEncoded); }
+
+private:
+    /// Also of the kinds that must never get here.
+    static QStringList schemes()
+    {
+        return {"http", "https", "mailto", "file", "ftp", "javascript", "data", "smb", "tel", "c", ""};
+    }
+};
+
+class SystemDesktopTest : public testing::Test
+{
+protected:
+    kavo::test::TemporaryFolder folder;
+    AddressHandler handler;
+    kavo::SystemDesktop desktop;
+};
+
+TEST_F(SystemDesktopTest, HandsWebAndMailAddressesOn)
+{
+    EXPECT_TRUE(desktop.open("http://club.example/page?a=b#c"));
+    EXPECT_TRUE(desktop.open("https://club.example/"));
+    EXPECT_TRUE(desktop.open("HTTPS://club.example/"));
+    EXPECT_TRUE(desktop.open("mailto:rider@example.org"));
+    EXPECT_EQ(handler.taken, QStringList({"http://club.example/page?a=b#c", "https://club.example/",
+                                          "https://club.example/", "mailto:rider@example.org"}));
+}
+
+TEST_F(SystemDesktopTest, HandsNothingElseOn)
+{
+    const QStringList others = {"",
+                                " ",
+                                "-",
+                                "--help",
+                                "-evil.txt",
+                                "club.example",
+                                "www.club.example",
+                                "ftp://club.example/",
+                                "file:///etc/hostname",
+                                "javascript:alert(1)",
+                                "data:text/html,hello",
+                                "smb://club.example/share",
+                                "tel:123",
+                                "C:\\tools\\tool.exe",
+                                "http:",
+                                "http://",
+                                "http:relative",
+                                "https:///path",
+                                " http://club.example/",
+                                "http://club.example/a b",
+                                "mailto:",
+                                "http://club.example/\n--option",
+                                QString::fromStdString((folder / "missing.txt").string())};
+    for (const QString& other : others) EXPECT_FALSE(desktop.open(other)) << qPrintable(other);
+    EXPECT_EQ(handler.taken, QStringList());
+}
+
+TEST_F(SystemDesktopTest, HandsExistingFilesOnWithTheirWholePath)
+{
+    folder.write("report 1.txt", "x");
+    folder.write("-n.txt", "x");
+    const QString base = kavo::pathToScreen(folder.path());
+    EXPECT_TRUE(desktop.open(base + "/report 1.txt"));
+    EXPECT_FALSE(desktop.open(base)) << "a folder is no document";
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(base);
+    EXPECT_TRUE(desktop.open("-n.txt"));
+    QDir::setCurrent(before);
+    EXPECT_EQ(handler.taken, QStringList({"file://" + base + "/report%201.txt", "file://" + base + "/-n.txt"}));
+}
+
+TEST_F(SystemDesktopTest, FindsProgramsOnTheSearchPath)
+{
+    const QByteArray before = qgetenv("PATH");
+    folder.write("hardinfo", "#!/bin/sh\n");
+    std::filesystem::permissions(folder / "hardinfo", std::filesystem::perms::owner_all);
+    qputenv("PATH", QByteArray::fromStdString(folder.path().string()));
+    EXPECT_EQ(desktop.findProgram("hardinfo"), kavo::pathToScreen(folder / "hardinfo"));
+    EXPECT_EQ(desktop.findProgram("kinfocenter"), "");
+    qputenv("PATH", before);
+}
+
+TEST_F(SystemDesktopTest, ProgramThatCannotBeStartedIsReported)
+{
+    EXPECT_FALSE(desktop.start(kavo::pathToScreen(folder / "missing"), {}));
+}
+
+}  // namespace
+
+#include "desktop_window_test.moc"
