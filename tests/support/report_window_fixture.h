@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/text_file.h"
-#include "forms/desktop.h"
 #include "forms/services.h"
+#include "tests/support/recording_desktop.h"
 #include "tests/support/report_session.h"
 #include "tests/support/window_fixture.h"
 
@@ -14,29 +14,6 @@ class FixedClock final : public Clock
 {
 public:
     [[nodiscard]] QDateTime now() const override { return QDateTime::fromSecsSinceEpoch(reportMoment()); }
-};
-
-/// Remembers what was to be opened; runs nothing.
-class RecordingDesktop final : public Desktop
-{
-public:
-    bool open(const QString& documentOrAddress) override
-    {
-        opened << documentOrAddress;
-        return true;
-    }
-
-    bool start(const QString& program, const QStringList&) override
-    {
-        started << program;
-        return true;
-    }
-
-    std::optional<QString> registryValue(const QString&, const QString&) override { return std::nullopt; }
-    QString findProgram(const QString&) override { return {}; }
-
-    QStringList opened;
-    QStringList started;
 };
 
 /// One window of the reports over a plain session, without the main window.
