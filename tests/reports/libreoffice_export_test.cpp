@@ -1,4 +1,5 @@
 #include "core/file_name.h"
+#include "core/program_folder.h"
 #include "reports/spreadsheet_export.h"
 #include "tests/support/export_season.h"
 #include "tests/support/flat_sheet.h"
@@ -143,6 +144,12 @@ TEST(LibreOfficeExport, WithoutADisplayNoOfficeIsStarted)
     const WithoutVariable wayland("WAYLAND_DISPLAY");
     const auto create = reinterpret_cast<CreateEntry>(moduleEntry(kModule, kCreateEntry));
     EXPECT_EQ(std::unique_ptr<Spreadsheet>(create()), nullptr);
+}
+
+TEST(LibreOfficeExport, NeedsTheModuleInOneOfItsPlaces)
+{
+    for (const auto& place : modulePlaces(executableFolder())) ASSERT_FALSE(fileExists(place)) << place;
+    EXPECT_THROW(static_cast<void>(openSpreadsheetApplication()), std::runtime_error);
 }
 
 TEST(LibreOfficeExport, TheModuleIsLookedForBesideTheProgramAndInTheLibraryFolder)
