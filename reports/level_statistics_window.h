@@ -54,6 +54,6 @@ private:
     void placeBars();
 
     std::unique_ptr<Ui::Form10> ui;
-    std::array<Bar, kavo::kLevelBars> m_bars;
+    std::array<Bar, kavo::kLevelBars> m_bars{};
     kavo::BarPlaces m_places;
 };

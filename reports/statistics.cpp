@@ -23,10 +23,9 @@ std::string line(std::string_view label, int number)
 std::array<int, kStatisticsBars> statisticsFigures(const ResultsState& state, Side side)
 {
     std::array<int, kStatisticsBars> figures{};
-    auto figure = figures.begin();
-    for (auto grade = grades().rbegin(); grade != grades().rend(); ++grade)
-        *figure++ = state.counter(side, grade->category);
-    *figure = state.victories(side);
+    for (const Grade& grade : grades())  // best first, and the bars the other way round
+        figures.at(kCategories - 1 - static_cast<std::size_t>(grade.category)) = state.counter(side, grade.category);
+    figures.back() = state.victories(side);
     return figures;
 }
 
