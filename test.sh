@@ -9,7 +9,8 @@ usage() {
     cat <<'TEXT'
 Usage: ./test.sh [OPTION]
 Without an option everything is built and tested: without Qt, with the windows (without a display, then on a
-virtual one with a window manager), and once more with the address and undefined-behaviour sanitizers.
+virtual one with a window manager), once more with the address and undefined-behaviour sanitizers, and compiled
+for Windows.
 
   --quick          only the build with the windows, without a display
   --sanitize       only the build with the sanitizers
@@ -101,6 +102,14 @@ sanitized() {
             run_tests "$1" build-sanitize -j "$jobs"
 }
 
+# Everything without Qt, and Excel's binding, must compile for Windows.
+for_windows() {
+    mkdir -p build-windows
+    tools/check_windows.sh build-windows >build-windows/build.log 2>&1 && tail -n 1 build-windows/build.log && return
+    tail -n 40 build-windows/build.log >&2
+    return 1
+}
+
 coverage() {
     build build-coverage -DCMAKE_BUILD_TYPE=Debug -DKAVO_COVERAGE=ON -DKAVO_GUI=OFF || return 1
     find build-coverage -name '*.gcda' -delete
@@ -164,5 +173,6 @@ case "${1:-}" in
     stage windows with_windows
     stage display on_display
     stage sanitized sanitized
+    stage "for Windows" for_windows
     ;;
 esac

@@ -1,6 +1,5 @@
 #include "ui/about/about_window.h"
 
-#include "core/colour_set.h"
 #include "core/file_name.h"
 #include "core/session.h"
 #include "core/text_file.h"
@@ -54,7 +53,7 @@ void frmAbout::Form_Load()
     ui->cmdOK->setFocus();
     try {
         showHistory();
-        showUserColours();
+        applyColours();
     } catch (const kavo::RunTimeError& error) {
         reportOnceShown(error);
     }
@@ -65,12 +64,6 @@ void frmAbout::showHistory()
 {
     const auto history = kavo::locate(session().programFolder / "history.txt");
     ui->Text1->setPlainText(toScreen(kavo::readFile(history)));
-}
-
-/// Unlike the other windows, this one keeps the desktop's colours until the user has chosen some.
-void frmAbout::showUserColours()
-{
-    if (kavo::fileExists(kavo::coloursFile(currentUserFolder()))) applyColours();
 }
 
 // cmdOK: close the window

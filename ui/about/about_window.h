@@ -42,7 +42,6 @@ private:
     void Label3_Click();
 
     void showHistory();
-    void showUserColours();
     void showAsLink(QLabel& label);
     bool handleLinkEvent(QLabel& label, QEvent& event);
     void followLink(const QLabel& label);

@@ -85,11 +85,10 @@ TEST_F(AboutWindows, AboutShowsVersionAndHistory)
     for (const char* link : {"Label1", "Label2", "Label3"}) EXPECT_TRUE(text(link).startsWith("https://")) << link;
 }
 
-TEST_F(AboutWindows, AboutIsPaintedOnlyWithColoursOfTheUser)
+TEST_F(AboutWindows, AboutIsPaintedLikeEveryOtherWindow)
 {
-    const QColor desktopColour = QApplication::palette().color(QPalette::Window);
     open<frmAbout>();
-    EXPECT_EQ(window->palette().color(QPalette::Window), desktopColour);
+    EXPECT_EQ(window->palette().color(QPalette::Window), QColor(255, 255, 255));
     folder.write("Marek/colors/colors.ini", " 0 \r\n 255 \r\n 65280 \r\n 16711680 \r\n");
     open<frmAbout>();
     EXPECT_EQ(window->palette().color(QPalette::Window), QColor(0, 0, 0));
