@@ -60,7 +60,8 @@ void HttpTransfer::reach(int state)
 void HttpTransfer::readBody()
 {
     m_body += m_reply->read(m_limits.bodySize + 1 - m_body.size());
-    if (m_body.size() > m_limits.bodySize) abort();
+    // Not from within the reply's own signal, which it does not expect.
+    if (m_body.size() > m_limits.bodySize) m_patience.start(0);
 }
 
 void HttpTransfer::abort()
@@ -75,6 +76,9 @@ void HttpTransfer::finish()
     reply->disconnect(this);
     const bool isComplete = reply->error() == QNetworkReply::NoError;
     if (!isComplete) m_body.clear();
+    // A complete response has been through all states, also when it came too fast for each to be told.
+    if (isComplete)
+        for (const int passed : {TransferState::RequestSent, TransferState::ResponseReceived}) reach(passed);
     // Whoever hears of the end may start the next request, or close the window that owns this object.
     reach(isComplete ? TransferState::ResponseCompleted : TransferState::Error);
 }
