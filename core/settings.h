@@ -25,7 +25,7 @@ struct Settings
 [[nodiscard]] std::string formatSettings(const Settings& settings);
 
 /// The first four lines over `settings`: what a shorter file lacks stays as it is there. Line 5 is not read.
-[[nodiscard]] Settings parseSettingsLeniently(std::string_view text, Settings settings);
+[[nodiscard]] Settings parseSettingsLeniently(std::string_view text, Settings settings = {});
 
 /// The content with its last line, whichever it is, replaced by a font size.
 [[nodiscard]] std::string withFontSize(std::string_view text, double fontSize);

@@ -4,7 +4,6 @@
 #include <QProcess>
 #include <QSignalSpy>
 #include <QTimer>
-#include <QTreeView>
 
 namespace {
 
@@ -14,13 +13,7 @@ using kavo::test::statisticsText;
 using kavo::test::targetsText;
 
 class ProgramWindows : public kavo::test::ProgramTest
-{
-protected:
-    QTreeView& list() { return control<QTreeView>(mainWindow(), "lv"); }
-
-    QString cell(int row, int column) { return list().model()->index(row - 1, column).data().toString(); }
-    QString header(int column) { return list().model()->headerData(column, Qt::Horizontal).toString(); }
-};
+{};
 
 TEST_F(ProgramWindows, MainWindowShowsTheGradedTable)
 {

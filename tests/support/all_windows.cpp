@@ -26,23 +26,27 @@ const std::vector<WindowRow>& allWindows()
          .caption = "Targets-updater",
          .entry = "mnuUpTargets",
          .image = "targets-updater",
+         .key = Qt::CTRL | Qt::Key_R,
          .controls = {"Label1", "Label2", "pgb", "Command2", "Command1"}},
         {.className = "Form8",
          .caption = "BUGs",
          .entry = "mnuBUGs",
          .image = "bug-times",
+         .key = Qt::CTRL | Qt::Key_B,
          .controls = {"Frame1", "List1", "Command1", "Command2", "Command3", "Frame2", "List2", "Command4", "Command5",
                       "Command6", "Command7", "Command8"}},
         {.className = "Form2",
          .caption = "Options",
          .entry = "mnuOpt",
          .image = "options",
+         .key = Qt::Key_F2,
          .controls = {"Frame1", "Text1", "Command1", "Frame2", "Option1", "Option2", "Text2", "Command2", "Option3",
                       "Combo1", "Command5", "Command3", "Command4"}},
         {.className = "Form3",
          .caption = "View",
          .entry = "mnuFont",
          .image = "view",
+         .key = Qt::Key_F3,
          .controls = {"Frame2",   "Label1",   "Label2",  "Label3",   "Label4",   "lCol_0",   "lCol_1",   "lCol_2",
                       "lCol_3",   "Frame3",   "Label5",  "Label6",   "Label7",   "Label8",   "Label9",   "Label10",
                       "Label11",  "Label12",  "Label13", "Label14",  "Command3", "Command2", "Command4", "Frame4",
@@ -105,8 +109,7 @@ bool withWindow(const char* className, const std::function<void()>& open, const 
         QObject::disconnect(destroyed);
         if (window != nullptr && window->isVisible()) window->close();
     };
-    QTimer modal;  // acts inside the event loop of a modal window
-    modal.setSingleShot(true);
+    QTimer modal;  // acts inside the event loop of a modal window, whenever that begins
     QObject::connect(&modal, &QTimer::timeout, lookAtIt);
     modal.start(0);
     open();

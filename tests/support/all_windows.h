@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeyCombination>
 #include <QWidget>
 
 #include <functional>
@@ -17,6 +18,7 @@ struct WindowRow
     const char* caption = nullptr;
     const char* entry = nullptr;  ///< name of the menu entry
     const char* image = nullptr;  ///< file name of the screenshot, without ".png"
+    QKeyCombination key = Qt::Key_unknown;
     bool closesOnEscape = true;
     std::vector<const char*> controls;
 };

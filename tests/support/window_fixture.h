@@ -2,11 +2,13 @@
 
 #include "app/application.h"
 #include "app/program.h"
+#include "tests/support/all_windows.h"
 #include "tests/support/program_folder_fixture.h"
 #include "tests/support/scripted_prompts.h"
 
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -57,6 +59,22 @@ protected:
         auto* found = window.findChild<Control*>(name);
         if (found == nullptr) throw std::runtime_error(std::string("no control ") + name);
         return *found;
+    }
+
+    /// The results table; rows count from 1, columns from 0.
+    [[nodiscard]] QTreeView& list() { return control<QTreeView>(mainWindow(), "lv"); }
+    [[nodiscard]] QModelIndex index(int row, int column) { return list().model()->index(row - 1, column); }
+    [[nodiscard]] QString cell(int row, int column) { return index(row, column).data().toString(); }
+    [[nodiscard]] QString header(int column) { return list().model()->headerData(column, Qt::Horizontal).toString(); }
+
+    /// Expects the standard error report.
+    void expectError(const std::string& text) { prompts.expectMessage({.text = text, .icon = MessageIcon::Critical}); }
+
+    /// Opens a window by its key in the main window, runs `look` on it and closes it.
+    void withKey(const char* className, QKeyCombination key, const std::function<void(QWidget&)>& look)
+    {
+        const auto press = [&] { QTest::keyClick(&list(), key.key(), key.keyboardModifiers()); };
+        EXPECT_TRUE(withWindow(className, press, look)) << className << " did not open";
     }
 
     static void click(QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }

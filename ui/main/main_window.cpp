@@ -107,6 +107,7 @@ void Form1::showLoaded(const kavo::LoadingResult& result)
     showFontSize(session.fontSize);
     showSelectedRow();
     if (result.end == kavo::LoadingEnd::Completed) applyFinalPlace();
+    keepOnScreen();
     if (result.end == kavo::LoadingEnd::Error) {
         emit aboutToPrompt();
         m_services.prompts.tell(this, {.text = result.error, .icon = kavo::MessageIcon::Critical});

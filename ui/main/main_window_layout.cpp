@@ -33,6 +33,19 @@ constexpr std::array<const char*, kavo::kColumns> kDesignedTexts = {
     "Difference",           "Team of both", "Professional", "Player name"};
 constexpr int kCellMargin = 20;  // pixels
 
+bool hasOrdinaryPlace(const QWidget& window)
+{
+    return !(window.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized));
+}
+
+/// Corner with the frame, size without. Behind a maximized window lies the place that it goes back to.
+QRect ordinaryPlace(const QWidget& window)
+{
+    if (hasOrdinaryPlace(window)) return {window.pos(), window.size()};
+    const QRect behind = window.normalGeometry();
+    return behind.translated(window.pos() - window.geometry().topLeft());
+}
+
 }  // namespace
 
 void Form1::applyDesignedLayout()
@@ -54,11 +67,12 @@ void Form1::applyDesignedLayout()
 void Form1::applyLayout(const std::vector<double>& values)
 {
     const kavo::WindowLayout layout = kavo::withValues(currentLayout(), values);
-    move(toPixels(layout.left), toPixels(layout.top));
-    resize(toPixels(layout.width), toPixels(layout.height));
+    if (hasOrdinaryPlace(*this)) {
+        move(toPixels(layout.left), toPixels(layout.top));
+        resize(toPixels(layout.width), toPixels(layout.height));
+    }
     for (int column = 0; column < kavo::kStoredColumns; ++column)
         ui->lv->setColumnWidth(column, toPixels(layout.columnWidths.at(static_cast<std::size_t>(column))));
-    keepOnScreen();
 }
 
 void Form1::layoutLoaded()
@@ -68,6 +82,7 @@ void Form1::layoutLoaded()
 
 void Form1::keepOnScreen()
 {
+    if (!hasOrdinaryPlace(*this)) return;
     // A stored place may lie on a screen that has been unplugged since.
     constexpr int kVisible = 100;  // pixels of the window's top edge that must be within reach
     const QRect top(pos(), QSize(width(), kVisible));
@@ -78,6 +93,7 @@ void Form1::keepOnScreen()
 
 void Form1::applyFinalPlace()
 {
+    if (!hasOrdinaryPlace(*this)) return;
     // Whatever the file said: only the left edge, the widths and the columns carry over.
     move(pos().x(), toPixels(kFinalTop));
     resize(width(), toPixels(toTwips(screen()->geometry().height()) - kHeightBelowScreen));
@@ -86,10 +102,11 @@ void Form1::applyFinalPlace()
 kavo::WindowLayout Form1::currentLayout() const
 {
     kavo::WindowLayout layout;
-    layout.left = toTwips(pos().x());
-    layout.top = toTwips(pos().y());
-    layout.height = toTwips(height());
-    layout.width = toTwips(width());
+    const QRect place = ordinaryPlace(*this);
+    layout.left = toTwips(place.x());
+    layout.top = toTwips(place.y());
+    layout.height = toTwips(place.height());
+    layout.width = toTwips(place.width());
     for (int column = 0; column < kavo::kStoredColumns; ++column)
         layout.columnWidths.at(static_cast<std::size_t>(column)) = toTwips(ui->lv->columnWidth(column));
     return layout;

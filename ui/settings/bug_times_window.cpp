@@ -53,6 +53,7 @@ Form8::Form8(const kavo::Services& services, QWidget* parent)
     : SecondaryWindow(services, parent), ui(std::make_unique<Ui::Form8>())
 {
     ui->setupUi(this);
+    ui->Command1->setFocus();
     wire();
     Form_Load();
 }

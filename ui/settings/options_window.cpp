@@ -19,6 +19,7 @@ Form2::Form2(const kavo::Services& services, QWidget* parent)
 {
     ui->setupUi(this);
     ui->Combo1->setCurrentIndex(-1);  // no grade until one is chosen
+    ui->Text1->setFocus();
     wire();
     Form_Load();
 }

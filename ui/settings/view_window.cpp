@@ -26,6 +26,7 @@ Form3::Form3(const kavo::Services& services, QWidget* parent)
     ui->setupUi(this);
     m_swatches = {ui->lCol_0,  ui->lCol_1,  ui->lCol_2,  ui->lCol_3, ui->Label10,
                   ui->Label11, ui->Label12, ui->Label13, ui->Label14};
+    ui->lCol_0->setFocus();
     wire();
     Form_Load();
 }

@@ -1,0 +1,416 @@
+#include "tests/support/window_fixture.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+
+namespace {
+
+constexpr const char* kDefaults =
+    " 16777215 \r\n 8388608 \r\n 0 \r\n 0 \r\n 255 \r\n 352255 \r\n 16737430 \r\n 2014745 \r\n 6579300 \r\n";
+// Red 1, 2, ... 9
+constexpr const char* kNine = "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n9\r\n";
+constexpr const char* kNineWritten = " 1 \r\n 2 \r\n 3 \r\n 4 \r\n 5 \r\n 6 \r\n 7 \r\n 8 \r\n 9 \r\n";
+constexpr const char* kSwatches[] = {"lCol_0",  "lCol_1",  "lCol_2",  "lCol_3", "Label10",
+                                     "Label11", "Label12", "Label13", "Label14"};
+
+class ViewWindow : public kavo::test::ProgramTest
+{
+protected:
+    static constexpr const char* kColours = "Marek/colors/colors.ini";
+    static constexpr const char* kPrevious = "Marek/colors/colors_prev.ini";
+
+    void look(const std::function<void(QWidget&)>& script)
+    {
+        if (!program) startLoggedIn();
+        withKey("Form3", Qt::Key_F3, script);
+    }
+
+    static QColor shown(const QWidget& window, const char* swatch)
+    {
+        return control<QLabel>(window, swatch).palette().color(QPalette::Window);
+    }
+    static QLabel& swatch(const QWidget& window, const char* name) { return control<QLabel>(window, name); }
+    static QComboBox& schemes(const QWidget& window) { return control<QComboBox>(window, "cmbSheme"); }
+    static QSpinBox& size(const QWidget& window) { return control<QSpinBox>(window, "Text1"); }
+    static QPushButton& button(const QWidget& window, const char* name) { return control<QPushButton>(window, name); }
+    static void press(const QWidget& window, const char* name) { click(button(window, name)); }
+
+    /// Chooses a scheme with the arrow keys.
+    static void choose(const QWidget& window, const QString& name)
+    {
+        for (int step = 0; step <= schemes(window).count() && schemes(window).currentText() != name; ++step)
+            QTest::keyClick(&schemes(window), Qt::Key_Down);
+        EXPECT_EQ(schemes(window).currentText(), name);
+    }
+
+    static QStringList listed(const QWidget& window)
+    {
+        QStringList names;
+        for (int i = 0; i < schemes(window).count(); ++i) names << schemes(window).itemText(i);
+        return names;
+    }
+};
+
+TEST_F(ViewWindow, HasItsCaptionsAndTooltips)
+{
+    look([](const QWidget& window) {
+        const std::pair<const char*, const char*> frames[] = {
+            {"Frame1", "Font size"}, {"Frame2", "Colors"}, {"Frame3", "Targets"}, {"Frame4", "Color-shemes"}};
+        for (const auto& [name, title] : frames) EXPECT_EQ(control<QGroupBox>(window, name).title(), title);
+        const std::pair<const char*, const char*> labels[] = {{"Label1", "Background:"},
+                                                              {"Label2", "Frames' color:"},
+                                                              {"Label3", "Simple text:"},
+                                                              {"Label4", "Main window's text"},
+                                                              {"Label5", "WR"},
+                                                              {"Label6", "WC"},
+                                                              {"Label7", "Prof"},
+                                                              {"Label8", "Good"},
+                                                              {"Label9", "OK"}};
+        for (const auto& [name, text] : labels) EXPECT_EQ(control<QLabel>(window, name).text(), text);
+        const std::pair<const char*, const char*> buttons[] = {{"Command1", "OK"},       {"Command2", "&Save"},
+                                                               {"Command3", "&Default"}, {"Command4", "Close"},
+                                                               {"Command5", "Set"},      {"Command6", "Save"}};
+        for (const auto& [name, text] : buttons) EXPECT_EQ(button(window, name).text(), text);
+        EXPECT_EQ(control<QLineEdit>(window, "Text2").toolTip(),
+                  "Input the name, you want to use to save color-sheme. Write it without \".ini\".");
+        EXPECT_EQ(control<QGroupBox>(window, "Frame1").toolTip(),
+                  QString::fromUtf8("Этот шрифт используется только в главном окне"));
+        EXPECT_EQ(size(window).value(), 8);  // never the size in force, which is 9 here
+        EXPECT_FALSE(button(window, "Command5").isEnabled());
+    });
+}
+
+TEST_F(ViewWindow, ShowsTheNineColoursOfTheFile)
+{
+    folder.write(kColours, kNine);
+    look([](const QWidget& window) {
+        for (int i = 0; i < 9; ++i) EXPECT_EQ(shown(window, kSwatches[i]), QColor(i + 1, 0, 0)) << kSwatches[i];
+    });
+    EXPECT_EQ(folder.read(kColours), kNine);
+}
+
+TEST_F(ViewWindow, ShowsTheDefaultsWithoutAFile)
+{
+    look([](const QWidget& window) {
+        const QColor colours[] = {{255, 255, 255}, {0, 0, 128},     {0, 0, 0},     {0, 0, 0},      {255, 0, 0},
+                                  {255, 95, 5},    {150, 100, 255}, {25, 190, 30}, {100, 100, 100}};
+        for (int i = 0; i < 9; ++i) EXPECT_EQ(shown(window, kSwatches[i]), colours[i]) << kSwatches[i];
+    });
+    EXPECT_FALSE(folder.has(kColours));
+}
+
+TEST_F(ViewWindow, UpgradesAFileOfFourLines)
+{
+    folder.write(kColours, "100\r\n200\r\n30\r\n40\r\n");
+    look([this](const QWidget& window) {
+        EXPECT_EQ(folder.read(kColours),
+                  " 100 \r\n 200 \r\n 30 \r\n 40 \r\n 255 \r\n 352255 \r\n 16737430 \r\n 2014745 \r\n 6579300 \r\n");
+        EXPECT_EQ(shown(window, "lCol_0"), QColor(100, 0, 0));
+        EXPECT_EQ(shown(window, "Label12"), QColor(150, 100, 255));
+    });
+}
+
+TEST_F(ViewWindow, UpgradeTakesNoGradeColourFromABrokenFile)
+{
+    folder.write(kColours, "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n");
+    look([](const QWidget& window) { EXPECT_EQ(shown(window, "Label10"), QColor(255, 0, 0)); });
+    EXPECT_EQ(folder.read(kColours),
+              " 1 \r\n 2 \r\n 3 \r\n 4 \r\n 255 \r\n 352255 \r\n 16737430 \r\n 2014745 \r\n 6579300 \r\n");
+}
+
+TEST_F(ViewWindow, PicksColoursByMouseAndKeyboardAndWritesNothingYet)
+{
+    folder.write(kColours, kNine);
+    look([this](const QWidget& window) {
+        prompts.expectColour(QColor(1, 0, 0), QColor(0, 0, 1));
+        click(swatch(window, "lCol_0"));
+        prompts.expectColour(QColor(4, 0, 0), QColor(0, 4, 0));
+        QTest::keyClick(&swatch(window, "lCol_3"), Qt::Key_Space);
+        prompts.expectColour(QColor(5, 0, 0), QColor(0, 0, 5));
+        QTest::keyClick(&swatch(window, "Label10"), Qt::Key_Return);
+        prompts.expectColour(QColor(9, 0, 0), QColor(9, 0, 0));
+        click(swatch(window, "Label14"));
+        EXPECT_EQ(shown(window, "lCol_0"), QColor(0, 0, 1));
+        EXPECT_EQ(shown(window, "lCol_3"), QColor(0, 4, 0));
+        EXPECT_EQ(shown(window, "Label10"), QColor(0, 0, 5));
+        EXPECT_EQ(shown(window, "Label14"), QColor(9, 0, 0));
+        EXPECT_EQ(folder.read(kColours), kNine);
+        press(window, "Command2");
+        EXPECT_TRUE(window.isVisible());
+    });
+    // 0x010000 = 65536; 0x0400 = 1024; 0x050000 = 327680
+    EXPECT_EQ(folder.read(kColours), " 65536 \r\n 2 \r\n 3 \r\n 1024 \r\n 327680 \r\n 6 \r\n 7 \r\n 8 \r\n 9 \r\n");
+    EXPECT_EQ(list().palette().color(QPalette::Base), QColor(0, 0, 1));
+    EXPECT_EQ(list().palette().color(QPalette::Text), QColor(0, 4, 0));
+}
+
+TEST_F(ViewWindow, EverySwatchPicksItsOwnColour)
+{
+    folder.write(kColours, kNine);
+    look([this](const QWidget& window) {
+        for (int i = 0; i < 9; ++i) {
+            prompts.expectColour(QColor(i + 1, 0, 0), QColor(i + 101, 0, 0));
+            click(swatch(window, kSwatches[i]));
+        }
+        press(window, "Command2");
+    });
+    EXPECT_EQ(folder.read(kColours),
+              " 101 \r\n 102 \r\n 103 \r\n 104 \r\n 105 \r\n 106 \r\n 107 \r\n 108 \r\n 109 \r\n");
+}
+
+TEST_F(ViewWindow, SaveReopensTheWindowAsItBegins)
+{
+    look([](const QWidget& window) {
+        size(window).setValue(12);
+        QTest::keyClicks(&control<QLineEdit>(window, "Text2"), "mine");
+        press(window, "Command6");
+        choose(window, "mine");
+        EXPECT_TRUE(button(window, "Command5").isEnabled());
+        press(window, "Command2");
+        EXPECT_EQ(size(window).value(), 8);
+        EXPECT_EQ(control<QLineEdit>(window, "Text2").text(), "");
+        EXPECT_EQ(schemes(window).currentText(), "");
+        EXPECT_FALSE(button(window, "Command5").isEnabled());
+    });
+}
+
+TEST_F(ViewWindow, DefaultWritesTheDefaultsAndPaintsThem)
+{
+    folder.write(kColours, kNine);
+    look([](const QWidget& window) {
+        EXPECT_EQ(window.palette().color(QPalette::Window), QColor(1, 0, 0));
+        press(window, "Command3");
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(window.palette().color(QPalette::Window), QColor(255, 255, 255));
+        EXPECT_EQ(shown(window, "Label11"), QColor(255, 95, 5));
+    });
+    EXPECT_EQ(folder.read(kColours), kDefaults);
+    EXPECT_EQ(list().palette().color(QPalette::Base), QColor(255, 255, 255));
+}
+
+TEST_F(ViewWindow, FailedSaveIsToldOnceAndKeepsTheWindow)
+{
+    folder.write("Marek/colors/colors.ini/in the way", "");
+    look([this](const QWidget& window) {
+        expectError("Path/File access error: colors.ini");
+        press(window, "Command2");
+        EXPECT_TRUE(window.isVisible());
+    });
+    EXPECT_TRUE(folder.has("Marek/colors/colors.ini/in the way"));
+}
+
+TEST_F(ViewWindow, ListsTheSchemesButNotTheFileInForce)
+{
+    folder.write("Marek/colors/Colors.INI", kNine);
+    folder.write("Marek/colors/night.ini", kNine);
+    folder.write("Marek/colors/Day.INI", kNine);
+    folder.write("Marek/colors/\xD0\xBB\xD0\xB5\xD1\x82\xD0\xBE.ini", kNine);
+    folder.write("Marek/colors/colors_prev.ini", kNine);
+    folder.write("Marek/colors/notes.txt", "");
+    folder.write("Marek/colors/folder.ini/file", "");
+    look([](const QWidget& window) {
+        EXPECT_EQ(listed(window), QStringList({"colors_prev", "Day", "night", QString::fromUtf8("лето")}));
+        EXPECT_EQ(schemes(window).currentText(), "");
+    });
+}
+
+TEST_F(ViewWindow, SavesTheColoursShownAsAScheme)
+{
+    folder.write(kColours, kNine);
+    folder.write("Marek/colors/mine.ini", "old");
+    look([this](const QWidget& window) {
+        prompts.expectColour(QColor(2, 0, 0), QColor(102, 0, 0));
+        click(swatch(window, "lCol_1"));
+        QTest::keyClicks(&control<QLineEdit>(window, "Text2"), "mine");
+        press(window, "Command6");
+        EXPECT_EQ(folder.read("Marek/colors/mine.ini"),
+                  " 1 \r\n 102 \r\n 3 \r\n 4 \r\n 5 \r\n 6 \r\n 7 \r\n 8 \r\n 9 \r\n");
+    });
+    EXPECT_EQ(folder.read(kColours), kNine);
+}
+
+TEST_F(ViewWindow, SchemeNamedColorsReplacesTheColoursInForce)
+{
+    folder.write(kColours, kNine);
+    look([this](const QWidget& window) {
+        QTest::keyClicks(&control<QLineEdit>(window, "Text2"), "COLORS");
+        press(window, "Command6");
+        EXPECT_EQ(folder.read(kColours), kNineWritten);
+        EXPECT_FALSE(folder.has("Marek/colors/COLORS.ini"));
+    });
+}
+
+TEST_F(ViewWindow, SchemeNameLeadsNowhereElse)
+{
+    look([this](const QWidget& window) {
+        auto& name = control<QLineEdit>(window, "Text2");
+        for (const char* bad : {"../stolen", "a\\b", ".", ".."}) {
+            name.setText(bad);
+            expectError("Path not found");
+            press(window, "Command6");
+        }
+        name.clear();
+        press(window, "Command6");
+    });
+    EXPECT_FALSE(folder.has("Marek/stolen.ini"));
+    EXPECT_EQ(folder.read("Marek/colors/.ini"), kDefaults);
+}
+
+TEST_F(ViewWindow, SchemeIsNotSavedWithoutTheFolder)
+{
+    look([this](const QWidget& window) {
+        std::filesystem::remove_all(folder / "Marek/colors");
+        QTest::keyClicks(&control<QLineEdit>(window, "Text2"), "mine");
+        press(window, "Command6");
+    });
+    EXPECT_FALSE(folder.has("Marek/colors"));
+}
+
+TEST_F(ViewWindow, EnterInTheNameOfASchemeSavesNothing)
+{
+    look([this](const QWidget& window) {
+        QTest::keyClicks(&control<QLineEdit>(window, "Text2"), "mine");
+        QTest::keyClick(&control<QLineEdit>(window, "Text2"), Qt::Key_Return);
+        EXPECT_FALSE(folder.has("Marek/colors/mine.ini"));
+        EXPECT_FALSE(folder.has(kColours));
+    });
+}
+
+TEST_F(ViewWindow, SetTwiceKeepsTheColoursInForceBeforeTheSecond)
+{
+    folder.write(kColours, kNine);
+    const std::string day = "11\r\n12\r\n13\r\n14\r\n15\r\n16\r\n17\r\n18\r\n19\r\n";
+    const std::string night = "21\r\n22\r\n23\r\n24\r\n25\r\n26\r\n27\r\n28\r\n29\r\n";
+    folder.write("Marek/colors/Day.INI", day);
+    folder.write("Marek/colors/night.ini", night);
+    look([&](const QWidget& window) {
+        choose(window, "Day");
+        press(window, "Command5");
+        EXPECT_EQ(folder.read(kColours), day);
+        EXPECT_EQ(folder.read(kPrevious), kNine);
+        EXPECT_EQ(shown(window, "lCol_0"), QColor(11, 0, 0));
+        EXPECT_EQ(window.palette().color(QPalette::Window), QColor(11, 0, 0));
+        EXPECT_EQ(listed(window), QStringList({"colors_prev", "Day", "night"}));
+        // The main window takes the colours at its next loading.
+        EXPECT_EQ(list().palette().color(QPalette::Base), QColor(1, 0, 0));
+        choose(window, "night");
+        press(window, "Command5");
+        EXPECT_EQ(folder.read(kColours), night);
+        EXPECT_EQ(folder.read(kPrevious), day);
+    });
+    QTest::keyClick(&list(), Qt::Key_F5);
+    EXPECT_EQ(list().palette().color(QPalette::Base), QColor(21, 0, 0));
+}
+
+TEST_F(ViewWindow, SetKeepsTheChoice)
+{
+    folder.write("Marek/colors/day.ini", kNine);
+    look([this](const QWidget& window) {
+        choose(window, "day");
+        press(window, "Command5");
+        EXPECT_FALSE(folder.has(kPrevious));  // there were no colours in force
+        EXPECT_EQ(schemes(window).currentText(), "day");
+        press(window, "Command5");
+        EXPECT_EQ(folder.read(kPrevious), kNine);
+        EXPECT_EQ(folder.read(kColours), kNine);
+    });
+}
+
+TEST_F(ViewWindow, SettingTheColoursBeforeChangesNothing)
+{
+    folder.write(kColours, kNine);
+    folder.write(kPrevious, kDefaults);
+    look([this](const QWidget& window) {
+        choose(window, "colors_prev");
+        press(window, "Command5");
+    });
+    EXPECT_EQ(folder.read(kColours), kNine);
+    EXPECT_EQ(folder.read(kPrevious), kNine);
+}
+
+TEST_F(ViewWindow, SchemeThatHasGoneLosesNothing)
+{
+    folder.write(kColours, kNine);
+    folder.write("Marek/colors/day.ini", kNine);
+    look([this](const QWidget& window) {
+        choose(window, "day");
+        std::filesystem::remove(folder / "Marek/colors/day.ini");
+        expectError("File not found: day.ini");
+        press(window, "Command5");
+    });
+    EXPECT_EQ(folder.read(kColours), kNine);
+    EXPECT_FALSE(folder.has(kPrevious));
+}
+
+TEST_F(ViewWindow, EnterInTheFontSizeAppliesItAndKeepsTheOtherLines)
+{
+    look([this](QWidget& window) {
+        size(window).setFocus();
+        size(window).selectAll();
+        QTest::keyClicks(&size(window), "13");
+        QTest::keyClick(&size(window), Qt::Key_Return);
+        EXPECT_EQ(list().font().pointSizeF(), 13);
+        EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n 2 \r\nfriend/stats.txt\r\nGood\r\n 13 \r\n");
+        EXPECT_EQ(control<QLineEdit>(window, "qt_spinbox_lineedit").selectedText(), "13");
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_FALSE(folder.has(kColours));
+        EXPECT_NE(window.font().pointSizeF(), 13);
+    });
+}
+
+TEST_F(ViewWindow, FontSizeTakesThePlaceOfTheLastLineWhicheverItIs)
+{
+    folder.write("Marek/data.ini", "game/stats.txt\r\n2\r\nfriend/stats.txt\r\nGood\r\n");
+    look([](const QWidget& window) {
+        QTest::keyClick(&size(window), Qt::Key_Up);
+        press(window, "Command1");
+    });
+    EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n2\r\nfriend/stats.txt\r\n 9 \r\n");
+}
+
+TEST_F(ViewWindow, FontSizeWithoutSettingsIsShownButNotKept)
+{
+    look([this](const QWidget& window) {
+        std::filesystem::remove(folder / "Marek/data.ini");
+        size(window).setValue(14);
+        expectError("File not found: data.ini");
+        press(window, "Command1");
+        EXPECT_EQ(list().font().pointSizeF(), 14);
+    });
+    EXPECT_FALSE(folder.has("Marek/data.ini"));
+}
+
+TEST_F(ViewWindow, FontSizeAppliedIsWrittenByTheOptions)
+{
+    folder.write("Marek/1res.old", folder.read("game/stats.txt"));
+    look([](const QWidget& window) {
+        size(window).setValue(11);
+        press(window, "Command1");
+    });
+    withKey("Form2", Qt::Key_F2, [](const QWidget& window) { press(window, "Command3"); });
+    EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n 2 \r\nfriend/stats.txt\r\nGood\r\n 11 \r\n");
+    EXPECT_EQ(list().font().pointSizeF(), 11);
+}
+
+TEST_F(ViewWindow, ButtonsStayLegibleOnAnyColours)
+{
+    for (const char* colour : {"0", "16777215"}) {
+        std::string file;
+        for (int line = 0; line < 9; ++line) file += std::string(colour) + "\r\n";
+        folder.write(kColours, file);
+        look([](const QWidget& window) {
+            for (const char* name : {"Command1", "Command2", "Command3", "Command4", "Command6"}) {
+                const QPalette palette = button(window, name).palette();
+                const int text = palette.color(QPalette::ButtonText).lightness();
+                const int ground = palette.color(QPalette::Button).lightness();
+                EXPECT_GT(std::abs(text - ground), 100) << name;
+            }
+        });
+    }
+}
+
+}  // namespace
