@@ -31,6 +31,9 @@ protected:
     {
         program.reset();
         application().restorePrompts();
+        // A program that was ended leaves the wish to quit behind, which would end every later event loop.
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QCoreApplication::exec();
     }
 
     static Application& application() { return *static_cast<Application*>(qApp); }

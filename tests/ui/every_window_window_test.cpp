@@ -161,6 +161,7 @@ TEST_P(EveryWindow, CutsNoTextAtOneAndAHalfTimesTheSize)
 
 TEST_P(EveryWindow, IsPaintedWithTheFourWindowColours)
 {
+    if (!GetParam().isPainted) GTEST_SKIP() << "keeps its own colours";
     const QColor back(10, 20, 30);
     const QColor frames(200, 0, 0);
     const QColor text(0, 250, 0);
@@ -197,10 +198,14 @@ TEST_P(EveryWindow, IsWalkedThroughByKeyboardAlone)
 {
     look([](QWidget& window) {
         window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }));
         std::set<QString> missing;
         const auto controls = controlsToReach(window);
-        for (const QWidget* control : controls) missing.insert(control->objectName());
+        for (const QWidget* control : controls) {
+            // Within a group of option buttons the arrow keys move; Tab stops at the chosen one.
+            const auto* option = qobject_cast<const QRadioButton*>(control);
+            if (option == nullptr || option->isChecked()) missing.insert(control->objectName());
+        }
         ASSERT_NE(window.focusWidget(), nullptr) << "nothing has the focus at first";
         for (qsizetype step = 0; step < 2 * controls.size() && window.focusWidget() != nullptr; ++step) {
             missing.erase(window.focusWidget()->objectName());

@@ -78,7 +78,8 @@ TEST_F(WindowLayout, IsWrittenAtItsMoments)
     refresh();
     EXPECT_TRUE(folder.has(kFile));
     forget();
-    mainWindow().close();
+    QTimer::singleShot(0, &mainWindow(), &QWidget::close);  // ends the program, so its event loop must run
+    qApp->exec();
     EXPECT_TRUE(folder.has(kFile));
 }
 
