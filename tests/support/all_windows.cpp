@@ -95,7 +95,6 @@ const std::vector<WindowRow>& allWindows()
          .entry = "mnuAbout",
          .image = "about",
          .key = Qt::Key_F1,
-         .isPainted = false,
          .controls = {"lblTitle", "lblVersion", "Frame1", "Text1", "Label1", "Label2", "Label3", "cmdOK",
                       "cmdSysInfo"}},
     };

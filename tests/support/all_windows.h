@@ -20,7 +20,6 @@ struct WindowRow
     const char* image = nullptr;  ///< file name of the screenshot, without ".png"
     QKeyCombination key = Qt::Key_unknown;
     bool closesOnEscape = true;
-    bool isPainted = true;  ///< with the user's colours
     std::vector<const char*> controls;
 };
 
