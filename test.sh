@@ -99,6 +99,7 @@ on_display() {
 sanitized() {
     build build-sanitize -DCMAKE_BUILD_TYPE=Debug -DKAVO_SANITIZE=ON -DCMAKE_CXX_FLAGS=-O1 &&
         QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+            LSAN_OPTIONS="suppressions=$PWD/tools/leaks.supp:print_suppressions=0" \
             run_tests "$1" build-sanitize -j "$jobs"
 }
 

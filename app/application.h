@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 
 #include <QApplication>
@@ -10,7 +11,7 @@ namespace kavo {
 
 /// The Qt application with the one place where stray errors end: each is shown in the standard error
 /// report, and the program goes on.
-class Application final : public QApplication
+class Application final : public QApplication, public ErrorReporter
 {
     Q_OBJECT
 
@@ -20,7 +21,7 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
     /// Shows the standard error report.
-    void report(const std::exception& error);
+    void report(const std::exception& error) override;
 
     [[nodiscard]] Prompts& prompts() { return *m_prompts; }
 

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "core/users.h"
+#include "forms/event_guard.h"
 #include "forms/window_painting.h"
 
 #include <QApplication>
@@ -61,7 +62,7 @@ bool SecondaryWindow::eventFilter(QObject* watched, QEvent* event)
     if (!isInside(watched) || !closesOnEscape()) return false;
     const bool isMeant = !m_escapeBelongsElsewhere;
     m_escapeBelongsElsewhere = false;
-    if (isMeant) closeRequested();
+    if (isMeant) guarded([this] { closeRequested(); });
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "core/run_time_error.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "reports/html_export.h"
@@ -51,19 +52,19 @@ Form11::~Form11() = default;
 
 void Form11::wire()
 {
-    connect(ui->Combo1, &QComboBox::activated, this, &Form11::Combo1_Click);
-    connect(ui->Combo2, &QComboBox::activated, this, &Form11::Combo2_Click);
-    connect(ui->Combo3, &QComboBox::activated, this, &Form11::Combo3_Click);
-    connect(ui->Combo4, &QComboBox::activated, this, &Form11::Combo4_Click);
-    connect(ui->Command1, &QPushButton::clicked, this, &Form11::Command1_Click);
-    connect(ui->Command2, &QPushButton::clicked, this, &Form11::Command2_Click);
-    connect(ui->Command3, &QPushButton::clicked, this, &Form11::close);
-    connect(ui->Command4, &QPushButton::clicked, this, &Form11::Command4_Click);
-    connect(ui->Command5, &QPushButton::clicked, this, &Form11::Command5_Click);
-    connect(ui->Command6, &QPushButton::clicked, this, &Form11::Command6_Click);
-    connect(ui->Command7, &QPushButton::clicked, this, &Form11::Command7_Click);
-    connect(ui->Command8, &QPushButton::clicked, this, &Form11::Command8_Click);
-    connect(ui->Command9, &QPushButton::clicked, this, &Form11::Command9_Click);
+    kavo::on(ui->Combo1, &QComboBox::activated, this, &Form11::Combo1_Click);
+    kavo::on(ui->Combo2, &QComboBox::activated, this, &Form11::Combo2_Click);
+    kavo::on(ui->Combo3, &QComboBox::activated, this, &Form11::Combo3_Click);
+    kavo::on(ui->Combo4, &QComboBox::activated, this, &Form11::Combo4_Click);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form11::Command1_Click);
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form11::Command2_Click);
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form11::close);
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form11::Command4_Click);
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form11::Command5_Click);
+    kavo::on(ui->Command6, &QPushButton::clicked, this, &Form11::Command6_Click);
+    kavo::on(ui->Command7, &QPushButton::clicked, this, &Form11::Command7_Click);
+    kavo::on(ui->Command8, &QPushButton::clicked, this, &Form11::Command8_Click);
+    kavo::on(ui->Command9, &QPushButton::clicked, this, &Form11::Command9_Click);
 }
 
 void Form11::useFixedFont()

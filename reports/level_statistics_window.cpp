@@ -1,6 +1,7 @@
 #include "reports/level_statistics_window.h"
 
 #include "core/session.h"
+#include "forms/event_guard.h"
 #include "forms/screen_text.h"
 #include "ui_level_statistics_window.h"
 
@@ -39,12 +40,12 @@ Form10::~Form10() = default;
 
 void Form10::wire()
 {
-    connect(ui->Combo1, &QComboBox::currentIndexChanged, this, &Form10::Combo1_Click);
-    connect(ui->Command1, &QPushButton::clicked, this, &Form10::Command1_Click);
-    connect(ui->Command2, &QPushButton::clicked, this, &Form10::Command2_Click);
-    connect(ui->Command3, &QPushButton::clicked, this, &Form10::Command3_Click);
-    connect(ui->Command4, &QPushButton::clicked, this, &Form10::Command4_Click);
-    connect(ui->Command5, &QPushButton::clicked, this, &Form10::close);
+    kavo::on(ui->Combo1, &QComboBox::currentIndexChanged, this, &Form10::Combo1_Click);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form10::Command1_Click);
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form10::Command2_Click);
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form10::Command3_Click);
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form10::Command4_Click);
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form10::close);
 }
 
 void Form10::Form_Load()

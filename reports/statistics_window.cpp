@@ -1,6 +1,7 @@
 #include "reports/statistics_window.h"
 
 #include "core/session.h"
+#include "forms/event_guard.h"
 #include "forms/screen_text.h"
 #include "reports/statistics.h"
 #include "ui_statistics_window.h"
@@ -31,10 +32,10 @@ Form6::~Form6() = default;
 
 void Form6::wire()
 {
-    connect(ui->Option1, &QRadioButton::toggled, this, &Form6::Option1_Click);
-    connect(ui->Option2, &QRadioButton::toggled, this, &Form6::Option2_Click);
-    connect(ui->Option3, &QRadioButton::toggled, this, &Form6::Option3_Click);
-    connect(ui->Command1, &QPushButton::clicked, this, &Form6::close);
+    kavo::on(ui->Option1, &QRadioButton::toggled, this, &Form6::Option1_Click);
+    kavo::on(ui->Option2, &QRadioButton::toggled, this, &Form6::Option2_Click);
+    kavo::on(ui->Option3, &QRadioButton::toggled, this, &Form6::Option3_Click);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form6::close);
 }
 
 void Form6::Form_Load()

@@ -5,6 +5,7 @@
 #include "core/text.h"
 #include "core/text_file.h"
 #include "forms/desktop.h"
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "reports/text_export.h"
@@ -39,9 +40,9 @@ Form9::~Form9() = default;
 
 void Form9::wire()
 {
-    connect(ui->Command1, &QPushButton::clicked, this, &Form9::Command1_Click);
-    connect(ui->Command2, &QPushButton::clicked, this, &Form9::Command2_Click);
-    connect(ui->Command3, &QPushButton::clicked, this, &Form9::Command3_Click);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form9::Command1_Click);
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form9::Command2_Click);
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form9::Command3_Click);
 }
 
 // Command1: choose the path

@@ -5,7 +5,7 @@
 #   tools/check_windows.sh [BUILD_FOLDER]
 set -eu
 source_folder=$(cd "$(dirname "$0")/.." && pwd)
-build_folder=${1:-"$source_folder/build-windows"}
+build_folder=$(realpath -m "${1:-"$source_folder/build-windows"}")
 
 wine=$(command -v wine64 || ls /usr/lib/wine/wine64 2>/dev/null || true)
 tests=ON

@@ -1,6 +1,7 @@
 #include "updater/targets_updater_window.h"
 
 #include "core/session.h"
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "ui_targets_updater_window.h"
@@ -49,10 +50,10 @@ Form7::~Form7() = default;
 
 void Form7::wire()
 {
-    connect(ui->Command1, &QPushButton::clicked, this, &Form7::Command1_Click);
-    connect(ui->Command2, &QPushButton::clicked, this, &Form7::Command2_Click);
-    connect(inet1.get(), &kavo::Transfer::stateChanged, this, &Form7::inet1_StateChanged);
-    connect(Timer1, &QTimer::timeout, this, &Form7::Timer1_Timer);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form7::Command1_Click);
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form7::Command2_Click);
+    kavo::on(inet1.get(), &kavo::Transfer::stateChanged, this, &Form7::inet1_StateChanged);
+    kavo::on(Timer1, &QTimer::timeout, this, &Form7::Timer1_Timer);
 }
 
 void Form7::Form_Load()

@@ -74,7 +74,7 @@ void HttpTransfer::finish()
     const auto reply = std::exchange(m_reply, nullptr);
     m_patience.stop();
     reply->disconnect(this);
-    const bool isComplete = reply->error() == QNetworkReply::NoError;
+    const bool isComplete = reply->error() == QNetworkReply::NoError && m_body.size() <= m_limits.bodySize;
     if (!isComplete) m_body.clear();
     // A complete response has been through all states, also when it came too fast for each to be told.
     if (isComplete)

@@ -110,8 +110,7 @@ TEST_F(ProgramWindows, SecondProgramOnTheSameFolderEndsItself)
     kavo::Program second(folder.path(), noPrompts);
     QSignalSpy quits(qApp, &QCoreApplication::aboutToQuit);
     QTimer::singleShot(0, &second, &kavo::Program::start);
-    QTimer::singleShot(5000, qApp, [] { qApp->exit(7); });
-    EXPECT_EQ(qApp->exec(), 0);
+    EXPECT_EQ(runUntilQuit(), 0);
     EXPECT_FALSE(second.mainWindow().isVisible());
     EXPECT_TRUE(folder.has("kavo-timing.lock"));
 }
@@ -143,8 +142,7 @@ TEST_F(ProgramWindows, ClosingTheMainWindowEndsTheProgram)
 {
     startLoggedIn();
     QTimer::singleShot(0, &mainWindow(), &QWidget::close);
-    QTimer::singleShot(5000, qApp, [] { qApp->exit(7); });
-    EXPECT_EQ(qApp->exec(), 0);
+    EXPECT_EQ(runUntilQuit(), 0);
 }
 
 TEST_F(ProgramWindows, SplashIsGoneWhenTheMainWindowIsThere)

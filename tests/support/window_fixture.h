@@ -82,6 +82,16 @@ protected:
 
     static void click(QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }
 
+    /// Runs the event loop until the program quits; returns its exit status, 7 when it never does.
+    static int runUntilQuit()
+    {
+        QTimer watchdog;
+        watchdog.setSingleShot(true);
+        QObject::connect(&watchdog, &QTimer::timeout, qApp, [] { QCoreApplication::exit(7); });
+        watchdog.start(5000);
+        return QCoreApplication::exec();
+    }
+
     /// Runs `action` on the next modal window, as soon as that is there.
     static void onModalWindow(std::function<void(QWidget&)> action)
     {

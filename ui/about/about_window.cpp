@@ -5,6 +5,7 @@
 #include "core/text_file.h"
 #include "core/version.h"
 #include "forms/desktop.h"
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "ui_about_window.h"
@@ -42,8 +43,8 @@ frmAbout::~frmAbout() = default;
 
 void frmAbout::wire()
 {
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);
-    connect(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
+    kavo::on(ui->cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);
+    kavo::on(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
     for (QLabel* link : {ui->Label1, ui->Label2, ui->Label3}) link->installEventFilter(this);
 }
 

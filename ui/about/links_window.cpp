@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "core/text_file.h"
 #include "forms/desktop.h"
+#include "forms/event_guard.h"
 #include "forms/screen_text.h"
 #include "ui_links_window.h"
 
@@ -21,13 +22,13 @@ Form4::~Form4() = default;
 
 void Form4::wire()
 {
-    connect(ui->List1, &QListWidget::itemDoubleClicked, this, &Form4::List1_DblClick);
+    kavo::on(ui->List1, &QListWidget::itemDoubleClicked, this, &Form4::List1_DblClick);
     for (const int key : {Qt::Key_Return, Qt::Key_Enter})
-        connect(new QShortcut(key, ui->List1, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
-                &Form4::List1_DblClick);
-    connect(ui->List1, &QListWidget::currentRowChanged, this, [this](int row) { select(*ui->List2, row); });
-    connect(ui->List2, &QListWidget::currentRowChanged, this, [this](int row) { select(*ui->List1, row); });
-    connect(ui->Command2, &QPushButton::clicked, this, &Form4::Command2_Click);
+        kavo::on(new QShortcut(key, ui->List1, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+                 &Form4::List1_DblClick);
+    kavo::on(ui->List1, &QListWidget::currentRowChanged, this, [this](int row) { select(*ui->List2, row); });
+    kavo::on(ui->List2, &QListWidget::currentRowChanged, this, [this](int row) { select(*ui->List1, row); });
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form4::Command2_Click);
 }
 
 void Form4::Form_Load()

@@ -3,6 +3,7 @@
 #include "core/filters.h"
 #include "core/player_names.h"
 #include "core/users.h"
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "forms/window_painting.h"
@@ -51,7 +52,7 @@ Form1::~Form1() = default;
 
 void Form1::wire()
 {
-    connect(ui->lv->header(), &QHeaderView::sectionClicked, this, &Form1::lv_ColumnClick);
+    kavo::on(ui->lv->header(), &QHeaderView::sectionClicked, this, &Form1::lv_ColumnClick);
     connect(ui->lv->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { m_services.session.table.selectRow(current.row() + 1); });
     ui->lv->installEventFilter(this);
@@ -169,7 +170,8 @@ bool Form1::eventFilter(QObject* watched, QEvent* event)
     case QEvent::KeyPress: return Form_KeyDown(*static_cast<QKeyEvent*>(event));
     case QEvent::MouseButtonPress: return lv_MouseDown(*static_cast<QMouseEvent*>(event));
     case QEvent::MouseButtonDblClick:
-        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) mnuLevsStats_Click();
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+            kavo::guarded([this] { mnuLevsStats_Click(); });
         return true;
     case QEvent::ContextMenu: return lv_ContextMenu(*static_cast<QContextMenuEvent*>(event));
     case QEvent::Paint:
@@ -206,7 +208,7 @@ bool Form1::Form_KeyDown(QKeyEvent& event)
     const kavo::MenuEntry* entry = kavo::entryOfKey(event.keyCombination());
     if (entry == nullptr) return false;
     event.accept();
-    if (!event.isAutoRepeat()) (this->*entry->action)();
+    if (!event.isAutoRepeat()) kavo::guarded([this, entry] { (this->*entry->action)(); });
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "ui/main/popup_menu.h"
 
 #include "core/results_state.h"
+#include "forms/event_guard.h"
 #include "forms/screen_text.h"
 #include "ui/main/main_window.h"
 
@@ -44,7 +45,7 @@ void addFilters(QMenu& submenu, FilterSide side, Form1& form)
         QAction* action = submenu.addAction(toScreen(entry.filter));
         action->setObjectName(QString(entry.name) + (side == FilterSide::Player2 ? "1" : ""));
         const std::string_view filter = entry.filter == kNoFilter ? std::string_view{} : entry.filter;
-        QObject::connect(action, &QAction::triggered, &form, [&form, side, filter] { form.filter(side, filter); });
+        on(action, &QAction::triggered, &form, [&form, side, filter] { form.filter(side, filter); });
     }
 }
 
@@ -52,7 +53,7 @@ void addAction(QMenu& menu, const MenuEntry& entry, Form1& form)
 {
     QAction* action = menu.addAction(entry.caption);
     action->setObjectName(entry.name);
-    QObject::connect(action, &QAction::triggered, &form, entry.action);
+    on(action, &QAction::triggered, &form, entry.action);
     if (entry.shortcut.key() == Qt::Key_unknown) return;
     // Shown only: the window looks at the keys itself, since function keys count with any modifier.
     action->setShortcut(entry.shortcut);

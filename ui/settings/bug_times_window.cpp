@@ -1,6 +1,7 @@
 #include "ui/settings/bug_times_window.h"
 
 #include "core/session.h"
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "ui_bug_times_window.h"
@@ -62,16 +63,16 @@ Form8::~Form8() = default;
 
 void Form8::wire()
 {
-    connect(ui->List1, &QListWidget::itemSelectionChanged, this, &Form8::List1_Click);
-    connect(ui->Command1, &QPushButton::clicked, this, &Form8::Command1_Click);
-    connect(ui->Command2, &QPushButton::clicked, this, &Form8::Command2_Click);
-    connect(ui->Command3, &QPushButton::clicked, this, &Form8::Command3_Click);
-    connect(ui->List2, &QListWidget::itemSelectionChanged, this, &Form8::List2_Click);
-    connect(ui->Command4, &QPushButton::clicked, this, &Form8::Command4_Click);
-    connect(ui->Command5, &QPushButton::clicked, this, &Form8::Command5_Click);
-    connect(ui->Command6, &QPushButton::clicked, this, &Form8::Command6_Click);
-    connect(ui->Command7, &QPushButton::clicked, this, &Form8::Command7_Click);
-    connect(ui->Command8, &QPushButton::clicked, this, &Form8::close);
+    kavo::on(ui->List1, &QListWidget::itemSelectionChanged, this, &Form8::List1_Click);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form8::Command1_Click);
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form8::Command2_Click);
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form8::Command3_Click);
+    kavo::on(ui->List2, &QListWidget::itemSelectionChanged, this, &Form8::List2_Click);
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form8::Command4_Click);
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form8::Command5_Click);
+    kavo::on(ui->Command6, &QPushButton::clicked, this, &Form8::Command6_Click);
+    kavo::on(ui->Command7, &QPushButton::clicked, this, &Form8::Command7_Click);
+    kavo::on(ui->Command8, &QPushButton::clicked, this, &Form8::close);
 }
 
 void Form8::Form_Load()

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "core/users.h"
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "ui_login_window.h"
@@ -33,9 +34,9 @@ frmLogin::~frmLogin() = default;
 
 void frmLogin::wire()
 {
-    connect(ui->Combo1, &QComboBox::currentTextChanged, this, &frmLogin::Combo1_Change);
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
-    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmLogin::cmdCancel_Click);
+    kavo::on(ui->Combo1, &QComboBox::currentTextChanged, this, &frmLogin::Combo1_Change);
+    kavo::on(ui->cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
+    kavo::on(ui->cmdCancel, &QPushButton::clicked, this, &frmLogin::cmdCancel_Click);
 }
 
 void frmLogin::Form_Load()

@@ -4,6 +4,7 @@
 #include "core/run_time_error.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "ui_options_window.h"
@@ -28,14 +29,14 @@ Form2::~Form2() = default;
 
 void Form2::wire()
 {
-    connect(ui->Command1, &QPushButton::clicked, this, &Form2::Command1_Click);
-    connect(ui->Command2, &QPushButton::clicked, this, &Form2::Command2_Click);
-    connect(ui->Command3, &QPushButton::clicked, this, &Form2::Command3_Click);
-    connect(ui->Command4, &QPushButton::clicked, this, &Form2::Command4_Click);
-    connect(ui->Command5, &QPushButton::clicked, this, &Form2::Command5_Click);
-    connect(ui->Option1, &QRadioButton::toggled, this, &Form2::Option1_Click);
-    connect(ui->Option2, &QRadioButton::toggled, this, &Form2::Option2_Click);
-    connect(ui->Option3, &QRadioButton::toggled, this, &Form2::Option3_Click);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form2::Command1_Click);
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form2::Command2_Click);
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form2::Command3_Click);
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form2::Command4_Click);
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form2::Command5_Click);
+    kavo::on(ui->Option1, &QRadioButton::toggled, this, &Form2::Option1_Click);
+    kavo::on(ui->Option2, &QRadioButton::toggled, this, &Form2::Option2_Click);
+    kavo::on(ui->Option3, &QRadioButton::toggled, this, &Form2::Option3_Click);
 }
 
 void Form2::Form_Load()

@@ -4,6 +4,7 @@
 #include "core/run_time_error.h"
 #include "core/session.h"
 #include "core/settings.h"
+#include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "forms/window_painting.h"
@@ -36,20 +37,20 @@ Form3::~Form3() = default;
 void Form3::wire()
 {
     for (int index = 0; index < kavo::kWindowColours; ++index)
-        connect(m_swatches.at(static_cast<std::size_t>(index)), &kavo::Swatch::clicked, this,
-                [this, index] { lCol_Click(index); });
-    connect(ui->Label10, &kavo::Swatch::clicked, this, &Form3::Label10_Click);
-    connect(ui->Label11, &kavo::Swatch::clicked, this, &Form3::Label11_Click);
-    connect(ui->Label12, &kavo::Swatch::clicked, this, &Form3::Label12_Click);
-    connect(ui->Label13, &kavo::Swatch::clicked, this, &Form3::Label13_Click);
-    connect(ui->Label14, &kavo::Swatch::clicked, this, &Form3::Label14_Click);
-    connect(ui->Command1, &QPushButton::clicked, this, &Form3::Command1_Click);
-    connect(ui->Command2, &QPushButton::clicked, this, &Form3::Command2_Click);
-    connect(ui->Command3, &QPushButton::clicked, this, &Form3::Command3_Click);
-    connect(ui->Command4, &QPushButton::clicked, this, &Form3::close);
-    connect(ui->Command5, &QPushButton::clicked, this, &Form3::Command5_Click);
-    connect(ui->Command6, &QPushButton::clicked, this, &Form3::Command6_Click);
-    connect(ui->cmbSheme, &QComboBox::currentIndexChanged, this, &Form3::cmbSheme_Click);
+        kavo::on(m_swatches.at(static_cast<std::size_t>(index)), &kavo::Swatch::clicked, this,
+                 [this, index] { lCol_Click(index); });
+    kavo::on(ui->Label10, &kavo::Swatch::clicked, this, &Form3::Label10_Click);
+    kavo::on(ui->Label11, &kavo::Swatch::clicked, this, &Form3::Label11_Click);
+    kavo::on(ui->Label12, &kavo::Swatch::clicked, this, &Form3::Label12_Click);
+    kavo::on(ui->Label13, &kavo::Swatch::clicked, this, &Form3::Label13_Click);
+    kavo::on(ui->Label14, &kavo::Swatch::clicked, this, &Form3::Label14_Click);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form3::Command1_Click);
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form3::Command2_Click);
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form3::Command3_Click);
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form3::close);
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form3::Command5_Click);
+    kavo::on(ui->Command6, &QPushButton::clicked, this, &Form3::Command6_Click);
+    kavo::on(ui->cmbSheme, &QComboBox::currentIndexChanged, this, &Form3::cmbSheme_Click);
     ui->Text1->installEventFilter(this);
     ui->Text2->installEventFilter(this);
 }
@@ -198,7 +199,7 @@ bool Form3::eventFilter(QObject* watched, QEvent* event)
     // Enter in a box must not press the window's default button, which saves the colours.
     if (watched == ui->Text1) {
         ui->Text1->interpretText();
-        Command1_Click();
+        kavo::guarded([this] { Command1_Click(); });
     }
     return true;
 }

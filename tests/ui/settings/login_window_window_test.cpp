@@ -197,8 +197,7 @@ TEST_F(LoginWindow, EscapeAndCancelEndTheProgramWithoutWriting)
             else
                 click(control<QPushButton>(loginWindow(), "cmdCancel"));
         });
-        QTimer::singleShot(5000, qApp, [] { qApp->exit(7); });
-        EXPECT_EQ(qApp->exec(), 0);
+        EXPECT_EQ(runUntilQuit(), 0);
         EXPECT_FALSE(folder.has("autolog.dat"));
     }
 }

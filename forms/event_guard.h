@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QObject>
+
+#include <exception>
+#include <functional>
+#include <type_traits>
+
+/// Errors of event procedures end at the procedure: Qt's widgets are built without exceptions, and what
+/// passes through them leaves things behind.
+namespace kavo {
+
+/// Shows the standard error report. The application object is one.
+class ErrorReporter
+{
+public:
+    virtual ~ErrorReporter() = default;
+    virtual void report(const std::exception& error) = 0;
+};
+
+/// Hands an error to the application; throws it on where the application is no ErrorReporter. To be
+/// called while the error is being handled.
+void reportError(const std::exception& error);
+
+/// Runs what an event calls for; an error in it is reported, and the program goes on.
+template <typename Procedure>
+void guarded(Procedure procedure)
+{
+    try {
+        procedure();
+    } catch (const std::exception& error) {
+        reportError(error);
+    }
+}
+
+/// Connects a signal to an event procedure (a member of the receiver, or a function), guarded. The
+/// procedure takes all arguments of the signal or none.
+template <typename Sender, typename Signal, typename Receiver, typename Procedure>
+void on(Sender* sender, Signal signal, Receiver* receiver, Procedure procedure)
+{
+    QObject::connect(sender, signal, receiver, [receiver, procedure](const auto&... arguments) {
+        guarded([&] {
+            if constexpr (std::is_invocable_v<Procedure, Receiver*, decltype(arguments)...>)
+                std::invoke(procedure, receiver, arguments...);
+            else if constexpr (std::is_invocable_v<Procedure, Receiver*>)
+                std::invoke(procedure, receiver);
+            else if constexpr (std::is_invocable_v<Procedure, decltype(arguments)...>)
+                std::invoke(procedure, arguments...);
+            else
+                std::invoke(procedure);
+        });
+    });
+}
+
+}  // namespace kavo
