@@ -13,7 +13,8 @@ using kavo::test::statisticsText;
 using kavo::test::targetsText;
 
 class ProgramWindows : public kavo::test::ProgramTest
-{};
+{
+};
 
 TEST_F(ProgramWindows, MainWindowShowsTheGradedTable)
 {

@@ -1,4 +1,4 @@
-#include "tests/support/window_fixture.h"
+#include "tests/ui/settings/view_window_fixture.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -17,43 +17,7 @@ constexpr const char* kNineWritten = " 1 \r\n 2 \r\n 3 \r\n 4 \r\n 5 \r\n 6 \r\n
 constexpr const char* kSwatches[] = {"lCol_0",  "lCol_1",  "lCol_2",  "lCol_3", "Label10",
                                      "Label11", "Label12", "Label13", "Label14"};
 
-class ViewWindow : public kavo::test::ProgramTest
-{
-protected:
-    static constexpr const char* kColours = "Marek/colors/colors.ini";
-    static constexpr const char* kPrevious = "Marek/colors/colors_prev.ini";
-
-    void look(const std::function<void(QWidget&)>& script)
-    {
-        if (!program) startLoggedIn();
-        withKey("Form3", Qt::Key_F3, script);
-    }
-
-    static QColor shown(const QWidget& window, const char* swatch)
-    {
-        return control<QLabel>(window, swatch).palette().color(QPalette::Window);
-    }
-    static QLabel& swatch(const QWidget& window, const char* name) { return control<QLabel>(window, name); }
-    static QComboBox& schemes(const QWidget& window) { return control<QComboBox>(window, "cmbSheme"); }
-    static QSpinBox& size(const QWidget& window) { return control<QSpinBox>(window, "Text1"); }
-    static QPushButton& button(const QWidget& window, const char* name) { return control<QPushButton>(window, name); }
-    static void press(const QWidget& window, const char* name) { click(button(window, name)); }
-
-    /// Chooses a scheme with the arrow keys.
-    static void choose(const QWidget& window, const QString& name)
-    {
-        for (int step = 0; step <= schemes(window).count() && schemes(window).currentText() != name; ++step)
-            QTest::keyClick(&schemes(window), Qt::Key_Down);
-        EXPECT_EQ(schemes(window).currentText(), name);
-    }
-
-    static QStringList listed(const QWidget& window)
-    {
-        QStringList names;
-        for (int i = 0; i < schemes(window).count(); ++i) names << schemes(window).itemText(i);
-        return names;
-    }
-};
+using ViewWindow = kavo::test::ViewWindowTest;
 
 TEST_F(ViewWindow, HasItsCaptionsAndTooltips)
 {
@@ -344,56 +308,6 @@ TEST_F(ViewWindow, SchemeThatHasGoneLosesNothing)
     });
     EXPECT_EQ(folder.read(kColours), kNine);
     EXPECT_FALSE(folder.has(kPrevious));
-}
-
-TEST_F(ViewWindow, EnterInTheFontSizeAppliesItAndKeepsTheOtherLines)
-{
-    look([this](QWidget& window) {
-        size(window).setFocus();
-        size(window).selectAll();
-        QTest::keyClicks(&size(window), "13");
-        QTest::keyClick(&size(window), Qt::Key_Return);
-        EXPECT_EQ(list().font().pointSizeF(), 13);
-        EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n 2 \r\nfriend/stats.txt\r\nGood\r\n 13 \r\n");
-        EXPECT_EQ(control<QLineEdit>(window, "qt_spinbox_lineedit").selectedText(), "13");
-        EXPECT_TRUE(window.isVisible());
-        EXPECT_FALSE(folder.has(kColours));
-        EXPECT_NE(window.font().pointSizeF(), 13);
-    });
-}
-
-TEST_F(ViewWindow, FontSizeTakesThePlaceOfTheLastLineWhicheverItIs)
-{
-    folder.write("Marek/data.ini", "game/stats.txt\r\n2\r\nfriend/stats.txt\r\nGood\r\n");
-    look([](const QWidget& window) {
-        QTest::keyClick(&size(window), Qt::Key_Up);
-        press(window, "Command1");
-    });
-    EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n2\r\nfriend/stats.txt\r\n 9 \r\n");
-}
-
-TEST_F(ViewWindow, FontSizeWithoutSettingsIsShownButNotKept)
-{
-    look([this](const QWidget& window) {
-        std::filesystem::remove(folder / "Marek/data.ini");
-        size(window).setValue(14);
-        expectError("File not found: data.ini");
-        press(window, "Command1");
-        EXPECT_EQ(list().font().pointSizeF(), 14);
-    });
-    EXPECT_FALSE(folder.has("Marek/data.ini"));
-}
-
-TEST_F(ViewWindow, FontSizeAppliedIsWrittenByTheOptions)
-{
-    folder.write("Marek/1res.old", folder.read("game/stats.txt"));
-    look([](const QWidget& window) {
-        size(window).setValue(11);
-        press(window, "Command1");
-    });
-    withKey("Form2", Qt::Key_F2, [](const QWidget& window) { press(window, "Command3"); });
-    EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n 2 \r\nfriend/stats.txt\r\nGood\r\n 11 \r\n");
-    EXPECT_EQ(list().font().pointSizeF(), 11);
 }
 
 TEST_F(ViewWindow, ButtonsStayLegibleOnAnyColours)
