@@ -1,6 +1,8 @@
 #include "core/settings.h"
 
 #include "core/run_time_error.h"
+#include "tests/support/error_of.h"
+#include "tests/support/program_folder_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -94,6 +96,41 @@ TEST(Names, KeepTheirBytes)
 {
     const std::string text = "J\xFCrgen\r\nЖанна\r\nTeam\r\n";
     EXPECT_EQ(formatNames(parseNames(text)), text);
+}
+
+TEST(SettingsFile, IsSavedWithItsFiveLines)
+{
+    const test::TemporaryFolder user;
+    saveSettings(user.path(), {"a/stats.txt", 3, "b/stats.txt", "Good", 8.5});
+    EXPECT_EQ(user.read("data.ini"), "a/stats.txt\r\n 3 \r\nb/stats.txt\r\nGood\r\n 8.5 \r\n");
+    saveFontSize(user.path(), 12);
+    EXPECT_EQ(user.read("data.ini"), "a/stats.txt\r\n 3 \r\nb/stats.txt\r\nGood\r\n 12 \r\n");
+}
+
+TEST(SettingsFile, MustBeThereForAFontSize)
+{
+    const test::TemporaryFolder user;
+    EXPECT_EQ(test::errorOf([&user] { saveFontSize(user.path(), 12); }), "File not found: data.ini");
+    EXPECT_FALSE(user.has("data.ini"));
+}
+
+TEST(FirstResults, AreKeptOnceAndByteForByte)
+{
+    const test::TemporaryFolder user;
+    user.write("stats.txt", std::string("first\r\n\0\xFF", 9));
+    keepFirstResults(user.path(), user / "stats.txt");
+    EXPECT_EQ(user.read("1res.old"), std::string("first\r\n\0\xFF", 9));
+    user.write("stats.txt", "second");
+    keepFirstResults(user.path(), user / "stats.txt");
+    EXPECT_EQ(user.read("1res.old"), std::string("first\r\n\0\xFF", 9));
+}
+
+TEST(FirstResults, NeedAStatisticsFileWhenThereAreNoneYet)
+{
+    const test::TemporaryFolder user;
+    EXPECT_EQ(test::errorOf([&user] { keepFirstResults(user.path(), user / "stats.txt"); }),
+              "File not found: stats.txt");
+    EXPECT_FALSE(user.has("1res.old"));
 }
 
 }  // namespace
