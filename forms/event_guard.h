@@ -38,7 +38,8 @@ void guarded(Procedure procedure)
 template <typename Sender, typename Signal, typename Receiver, typename Procedure>
 void on(Sender* sender, Signal signal, Receiver* receiver, Procedure procedure)
 {
-    QObject::connect(sender, signal, receiver, [receiver, procedure](const auto&... arguments) {
+    // The result type is named so that Qt can ask what may be called without compiling it.
+    QObject::connect(sender, signal, receiver, [receiver, procedure](const auto&... arguments) -> void {
         guarded([&] {
             if constexpr (std::is_invocable_v<Procedure, Receiver*, decltype(arguments)...>)
                 std::invoke(procedure, receiver, arguments...);
