@@ -111,7 +111,7 @@ void Form1::showLoaded(const kavo::LoadingResult& result)
     keepOnScreen();
     if (result.end == kavo::LoadingEnd::Error) {
         emit aboutToPrompt();
-        m_services.prompts.tell(this, {.text = result.error, .icon = kavo::MessageIcon::Critical});
+        m_services.prompts.tell(boxParent(), {.text = result.error, .icon = kavo::MessageIcon::Critical});
     }
 }
 
@@ -138,11 +138,17 @@ void Form1::showSelectedRow()
     ui->lv->setAutoScroll(true);
 }
 
+/// A box over a window that is not shown yet would place that window, without its frame, too early.
+QWidget* Form1::boxParent()
+{
+    return isVisible() ? this : nullptr;
+}
+
 void Form1::showMessage(const kavo::Message& message)
 {
     m_model.endChange();
     emit aboutToPrompt();
-    m_services.prompts.tell(this, message);
+    m_services.prompts.tell(boxParent(), message);
     m_model.beginChange();
 }
 

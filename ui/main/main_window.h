@@ -93,6 +93,7 @@ private:
     void showLoaded(const kavo::LoadingResult& result);
     void showFontSize(double points);
     void showSelectedRow();
+    QWidget* boxParent();
     void showMessage(const kavo::Message& message) override;
     [[nodiscard]] kavo::AfterOptions openOptions() override;
     void applyLayout(const std::vector<double>& values) override;

@@ -124,7 +124,7 @@ void Form1::saveLayout()
     } catch (const kavo::RunTimeError& error) {
         // Every step of a resize comes here: the user is told once.
         if (std::exchange(m_layoutFailed, true)) return;
-        m_services.prompts.tell(this, {.text = error.what(), .icon = kavo::MessageIcon::Critical});
+        m_services.prompts.tell(boxParent(), {.text = error.what(), .icon = kavo::MessageIcon::Critical});
     }
 }
 

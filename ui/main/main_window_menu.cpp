@@ -48,7 +48,7 @@ void Form1::mnuBUGs_Click()
 
 void Form1::mnuOpt_Click()
 {
-    Form2 window(m_services, this);
+    Form2 window(m_services, boxParent());
     connect(&window, &Form2::saved, this, &Form1::reload);
     window.exec();
 }

@@ -8,6 +8,7 @@
 #include "ui_login_window.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScreen>
 
 #include <algorithm>
@@ -78,6 +79,7 @@ void frmLogin::present()
     show();
     activateWindow();
     ui->Combo1->setFocus();
+    ui->Combo1->lineEdit()->selectAll();  // typing another nick replaces it
 }
 
 void frmLogin::offer(const QString& nick, bool autoLogin)

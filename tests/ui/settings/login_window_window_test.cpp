@@ -62,6 +62,13 @@ TEST_F(LoginWindow, ListsEveryLineOfTheUsersFile)
     EXPECT_EQ(nick().currentText(), "Anna");
 }
 
+TEST_F(LoginWindow, OffersTheLastNickToBeTypedOver)
+{
+    start();
+    EXPECT_EQ(nick().lineEdit()->selectedText(), "Marek");
+    EXPECT_EQ(loginWindow().focusWidget(), &nick());
+}
+
 TEST_F(LoginWindow, FirstStartMakesTheUser)
 {
     removeLoginFiles();
