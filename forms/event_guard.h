@@ -33,6 +33,20 @@ void guarded(Procedure procedure)
     }
 }
 
+/// Calls a procedure, a member of `receiver` or a function, with these arguments or with none.
+template <typename Procedure, typename Receiver, typename... Arguments>
+void callWithFitting(Procedure procedure, Receiver* receiver, const Arguments&... arguments)
+{
+    if constexpr (std::is_invocable_v<Procedure, Receiver*, const Arguments&...>)
+        std::invoke(procedure, receiver, arguments...);
+    else if constexpr (std::is_invocable_v<Procedure, Receiver*>)
+        std::invoke(procedure, receiver);
+    else if constexpr (std::is_invocable_v<Procedure, const Arguments&...>)
+        std::invoke(procedure, arguments...);
+    else
+        std::invoke(procedure);
+}
+
 /// Connects a signal to an event procedure (a member of the receiver, or a function), guarded. The
 /// procedure takes all arguments of the signal or none.
 template <typename Sender, typename Signal, typename Receiver, typename Procedure>
@@ -40,16 +54,7 @@ void on(Sender* sender, Signal signal, Receiver* receiver, Procedure procedure)
 {
     // The result type is named so that Qt can ask what may be called without compiling it.
     QObject::connect(sender, signal, receiver, [receiver, procedure](const auto&... arguments) -> void {
-        guarded([&] {
-            if constexpr (std::is_invocable_v<Procedure, Receiver*, decltype(arguments)...>)
-                std::invoke(procedure, receiver, arguments...);
-            else if constexpr (std::is_invocable_v<Procedure, Receiver*>)
-                std::invoke(procedure, receiver);
-            else if constexpr (std::is_invocable_v<Procedure, decltype(arguments)...>)
-                std::invoke(procedure, arguments...);
-            else
-                std::invoke(procedure);
-        });
+        guarded([&] { callWithFitting(procedure, receiver, arguments...); });
     });
 }
 
