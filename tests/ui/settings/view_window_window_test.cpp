@@ -288,7 +288,7 @@ TEST_F(ViewWindow, SettingTheColoursBeforeChangesNothing)
 {
     folder.write(kColours, kNine);
     folder.write(kPrevious, kDefaults);
-    look([this](const QWidget& window) {
+    look([](const QWidget& window) {
         choose(window, "colors_prev");
         press(window, "Command5");
     });
