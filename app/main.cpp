@@ -49,7 +49,7 @@ std::optional<int> answerAtOnce(Options& options, const QStringList& arguments)
     if (!options.parser.parse(arguments) || !options.parser.positionalArguments().isEmpty()) {
         const QString reason =
             options.parser.errorText().isEmpty() ? "Unexpected argument." : options.parser.errorText();
-        std::fprintf(stderr, "%s\n%s", qPrintable(reason), qPrintable(helpOf(options.parser)));
+        static_cast<void>(std::fprintf(stderr, "%s\n%s", qPrintable(reason), qPrintable(helpOf(options.parser))));
         return kUsageError;
     }
     if (options.parser.isSet(options.version)) {

@@ -36,9 +36,9 @@ std::optional<fs::path> entryIgnoringCase(const fs::path& folder, const fs::path
 fs::path pathOf(std::string_view text)
 {
 #ifdef _WIN32
-    return fs::path(std::u8string(text.begin(), text.end()));
+    return {std::u8string(text.begin(), text.end())};
 #else
-    return fs::path(std::string(text));
+    return {std::string(text)};
 #endif
 }
 
@@ -71,11 +71,11 @@ fs::path locate(const fs::path& wanted)
 
 fs::path locateTyped(const fs::path& folder, std::string_view typed)
 {
-    const fs::path asTyped = locate(folder / pathOf(typed));
+    fs::path asTyped = locate(folder / pathOf(typed));
     if (isThere(asTyped) || typed.find('\\') == std::string_view::npos) return asTyped;
     std::string slashed(typed);
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
-    const fs::path withSeparators = locate(folder / pathOf(slashed));
+    fs::path withSeparators = locate(folder / pathOf(slashed));
     return isThere(withSeparators) ? withSeparators : asTyped;
 }
 

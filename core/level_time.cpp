@@ -56,7 +56,8 @@ std::string FormatTotal(std::string_view total)
     // Only the first two characters are looked at: 123:00:00 counts as 12 minutes and stays.
     const std::int32_t minutes = integerOf(firstCharacters(total, kFieldWidth));
     if (minutes < 60) return std::string(total);
-    return decimal(minutes / 60) + ":" + decimal(minutes % 60) + ":" + std::string(fromCharacter(total, kSecondsAt));
+    const std::int32_t hours = minutes / 60;
+    return decimal(hours) + ":" + decimal(minutes % 60) + ":" + std::string(fromCharacter(total, kSecondsAt));
 }
 
 Difference TimeDifference(std::string_view first, std::string_view second)

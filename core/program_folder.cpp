@@ -62,7 +62,7 @@ fs::path madeAndSupplied(const fs::path& folder, const fs::path& suppliedFiles)
 
 fs::path named(const std::string& folder)
 {
-    const fs::path path = locate(fs::absolute(pathOf(folder)).lexically_normal());
+    fs::path path = locate(fs::absolute(pathOf(folder)).lexically_normal());
     if (!folderExists(path)) throw RunTimeError(Failure::PathNotFound, pathOf(folder));
     return path;
 }

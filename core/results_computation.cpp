@@ -65,8 +65,8 @@ void readLevel(Session& session, int level, const ReadTarget& target, const Stat
 
 Difference differenceOn(Session& session, int row)
 {
-    const Difference difference = TimeDifference(trimBlanks(session.table.text(row, Column::Time1)),
-                                                 trimBlanks(session.table.text(row, Column::Time2)));
+    Difference difference = TimeDifference(trimBlanks(session.table.text(row, Column::Time1)),
+                                           trimBlanks(session.table.text(row, Column::Time2)));
     session.table.setText(row, Column::Difference, difference.text);
     session.state.keepDifference(difference);
     return difference;

@@ -6,6 +6,18 @@
 
 namespace kavo {
 
+namespace {
+
+std::string textAbout(Failure failure, const std::filesystem::path& file)
+{
+    std::string text(standardText(failure));
+    const std::string name = textOf(file.filename());
+    if (!name.empty()) text.append(": ").append(name);
+    return text;
+}
+
+}  // namespace
+
 std::string_view standardText(Failure failure)
 {
     switch (failure) {
@@ -20,13 +32,13 @@ std::string_view standardText(Failure failure)
     return {};
 }
 
-RunTimeError::RunTimeError(Failure failure) : m_failure(failure), m_text(standardText(failure)) {}
+RunTimeError::RunTimeError(Failure failure) : std::runtime_error(std::string(standardText(failure))), m_failure(failure)
+{
+}
 
 RunTimeError::RunTimeError(Failure failure, const std::filesystem::path& file)
-    : m_failure(failure), m_namesFile(true), m_text(standardText(failure))
+    : std::runtime_error(textAbout(failure, file)), m_failure(failure), m_namesFile(true)
 {
-    const std::string name = textOf(file.filename());
-    if (!name.empty()) m_text.append(": ").append(name);
 }
 
 RunTimeError RunTimeError::about(const std::filesystem::path& file) const

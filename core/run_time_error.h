@@ -1,7 +1,7 @@
 #pragma once
 
-#include <exception>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -23,14 +23,13 @@ enum class Failure {
 
 /// A failure on its way to whoever called: what() is the standard text, followed by a colon and the
 /// file's name where a file is involved.
-class RunTimeError final : public std::exception
+class RunTimeError final : public std::runtime_error
 {
 public:
     explicit RunTimeError(Failure failure);
     RunTimeError(Failure failure, const std::filesystem::path& file);
 
     [[nodiscard]] Failure failure() const noexcept { return m_failure; }
-    [[nodiscard]] const char* what() const noexcept override { return m_text.c_str(); }
 
     /// The same failure with the file's name, unless one is named already.
     [[nodiscard]] RunTimeError about(const std::filesystem::path& file) const;
@@ -38,7 +37,6 @@ public:
 private:
     Failure m_failure;
     bool m_namesFile = false;
-    std::string m_text;
 };
 
 /// The failure that an error of the file system means to the user.

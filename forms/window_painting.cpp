@@ -8,11 +8,13 @@
 #include <QRadioButton>
 #include <QScrollBar>
 
+#include <array>
+
 namespace kavo {
 
 namespace {
 
-constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+constexpr std::array kGroups = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
 
 /// The desktop's palette for a control, with every role set, so that none comes from the window below.
 QPalette ownPalette(const QWidget& control)
