@@ -15,7 +15,6 @@
 using css::uno::Any;
 using css::uno::Reference;
 using css::uno::UNO_QUERY_THROW;
-using rtl::OUString;
 
 namespace kavo {
 
@@ -64,7 +63,7 @@ LibreOfficeSpreadsheet::LibreOfficeSpreadsheet(const OfficeChoice& choice) : m_c
 LibreOfficeSpreadsheet::~LibreOfficeSpreadsheet()
 {
     try {
-        if (m_workbook.is() && m_workbook->hasControllersLocked()) m_workbook->unlockControllers();
+        if (m_workbook.is() && m_workbook->hasControllersLocked() != sal_False) m_workbook->unlockControllers();
     } catch (const css::uno::Exception&) {
         // The user has closed the workbook.
     }

@@ -42,7 +42,7 @@ void StoredSpreadsheet::store()
     const Any filter(rtl::OUString("OpenDocument Spreadsheet Flat XML"));
     Reference<css::frame::XStorable>(workbook(), UNO_QUERY_THROW)
         ->storeToURL(officeText(m_storeUrl), onlyProperty("FilterName", filter));
-    Reference<css::util::XCloseable>(workbook(), UNO_QUERY_THROW)->close(true);
+    Reference<css::util::XCloseable>(workbook(), UNO_QUERY_THROW)->close(sal_True);
 }
 
 void StoredSpreadsheet::terminate()
