@@ -13,12 +13,14 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 
+#include <array>
+
 using kavo::toScreen;
 
 namespace {
 
 /// Programs that tell about the system, with their arguments; the first one on the search path is started.
-const QStringList kSystemInformation[] = {
+const std::array<QStringList, 8> kSystemInformation = {{
     {"kinfocenter"},
     {"hardinfo2"},
     {"hardinfo"},
@@ -27,7 +29,7 @@ const QStringList kSystemInformation[] = {
     {"plasma-systemmonitor"},
     {"mate-system-monitor"},
     {"xfce4-taskmanager"},
-};
+}};
 
 }  // namespace
 
@@ -90,10 +92,10 @@ void frmAbout::StartSysInfo()
 QStringList frmAbout::systemInformationCommand() const
 {
     kavo::Desktop& desktop = services().desktop;
-    const auto path = desktop.registryValue("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH");
+    const auto path = desktop.registryValue(R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)", "PATH");
     if (path && !path->isEmpty()) return {*path};
-    if (const auto folder = desktop.registryValue("SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO")) {
-        const QString program = *folder + "\\MSINFO32.EXE";
+    if (const auto folder = desktop.registryValue(R"(SOFTWARE\Microsoft\Shared Tools Location)", "MSINFO")) {
+        const QString program = *folder + R"(\MSINFO32.EXE)";
         if (QFileInfo::exists(program)) return {program};
     }
     for (const QStringList& known : kSystemInformation) {

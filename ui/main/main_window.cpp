@@ -93,7 +93,7 @@ kavo::LoadingResult Form1::runLoading()
     if (!isVisible()) applyDesignedLayout();
     const int scrolled = ui->lv->verticalScrollBar()->value();
     m_model.beginChange();
-    const kavo::LoadingResult result = kavo::load(m_services.session, *this);
+    kavo::LoadingResult result = kavo::load(m_services.session, *this);
     m_model.endChange();
     m_isLoading = false;
     ui->lv->verticalScrollBar()->setValue(scrolled);
