@@ -85,7 +85,7 @@ void HttpTransfer::finish()
 
 QByteArray HttpTransfer::getChunk(qsizetype size)
 {
-    const QByteArray chunk = m_body.mid(m_taken, size);
+    QByteArray chunk = m_body.mid(m_taken, size);
     m_taken += chunk.size();
     return chunk;
 }

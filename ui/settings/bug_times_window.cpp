@@ -22,6 +22,7 @@ void append(QListWidget& list, const std::string& entry)
 std::vector<std::string> entriesOf(const QListWidget& list)
 {
     std::vector<std::string> entries;
+    entries.reserve(static_cast<std::size_t>(list.count()));
     for (int row = 0; row < list.count(); ++row)
         entries.push_back(list.item(row)->data(kBytes).toByteArray().toStdString());
     return entries;

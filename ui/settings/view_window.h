@@ -68,7 +68,7 @@ private:
     void saveAndReload(const kavo::ColourSet& colours);
 
     std::unique_ptr<Ui::Form3> ui;
-    std::array<kavo::Swatch*, kavo::kColours> m_swatches;  ///< by line of the colour file
+    std::array<kavo::Swatch*, kavo::kColours> m_swatches{};  ///< by line of the colour file
     std::filesystem::path m_userFolder;
     kavo::ColourSet m_colours;  ///< as picked, saved or not
 };
