@@ -69,7 +69,7 @@ TEST(Schemes, AreSavedOverOneOfTheSameName)
     user.write("colors/Night.ini", kOthers);
     saveScheme(user.path(), "night", parseColours(kNine).colours);
     EXPECT_EQ(user.read("colors/Night.ini"), kNine);
-    EXPECT_FALSE(user.has("colors/night.ini"));
+    EXPECT_EQ(listSchemes(user.path()), std::vector<std::string>{"Night"});
 }
 
 TEST(Schemes, OneCalledColorsReplacesTheColoursInForce)
