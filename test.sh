@@ -14,7 +14,7 @@ for Windows.
 
   --quick          only the build with the windows, without a display
   --sanitize       only the build with the sanitizers
-  --coverage       line coverage of core/; fails below 95 %
+  --coverage       line coverage of base/ and core/; fails below 95 %
   --fuzz SECONDS   every fuzz target for so long
   --lint           clang-tidy over all sources
   --help           this text
@@ -115,7 +115,7 @@ coverage() {
     build build-coverage -DCMAKE_BUILD_TYPE=Debug -DKAVO_COVERAGE=ON -DKAVO_GUI=OFF || return 1
     find build-coverage -name '*.gcda' -delete
     run_tests "$1" build-coverage -j "$jobs"
-    gcovr --root . --filter 'core/' --exclude-throw-branches --object-directory build-coverage --fail-under-line 95
+    gcovr --root . --filter 'base/' --filter 'core/' --exclude-throw-branches --object-directory build-coverage --fail-under-line 95
 }
 
 fuzz() {

@@ -1,7 +1,7 @@
 #include "app/application.h"
 #include "app/program.h"
+#include "base/run_time_error.h"
 #include "core/program_folder.h"
-#include "core/run_time_error.h"
 #include "core/version.h"
 #include "forms/screen_text.h"
 

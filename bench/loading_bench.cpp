@@ -1,9 +1,9 @@
+#include "base/text_file.h"
 #include "core/loading.h"
 #include "core/results_computation.h"
 #include "core/row_colouring.h"
 #include "core/statistics_file.h"
 #include "core/targets.h"
-#include "core/text_file.h"
 #include "tests/support/program_folder_fixture.h"
 
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
 #include "cli/report_json.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 #include <nlohmann/json.hpp>
 

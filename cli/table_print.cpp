@@ -1,6 +1,6 @@
 #include "cli/table_print.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <array>

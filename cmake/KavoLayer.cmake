@@ -1,13 +1,22 @@
-# kavo_layer(TARGET FOLDER...): the target owns these folders. Whoever links it may include their headers
-# by the full path from the root ("core/text.h"); nobody else can, because the root itself is on no
-# include path.
+# kavo_layer(TARGET): gives the target an include root of its own. Whoever links the target may include the
+# headers among its sources by their full path from the project's root ("core/session.h"); nobody else can,
+# because the root itself is on no include path. Each header there only includes the real one: that works
+# where links need a privilege, too, and lets two layers share a folder.
 function(kavo_layer target)
-    set(layer "${CMAKE_BINARY_DIR}/layers/${target}")
-    file(MAKE_DIRECTORY "${layer}")
-    foreach(folder IN LISTS ARGN)
-        if(NOT EXISTS "${layer}/${folder}")
-            file(CREATE_LINK "${CMAKE_SOURCE_DIR}/${folder}" "${layer}/${folder}" SYMBOLIC)
+    set(include_root "${CMAKE_BINARY_DIR}/include/${target}")
+    get_target_property(sources ${target} SOURCES)
+    get_target_property(source_folder ${target} SOURCE_DIR)
+    list(FILTER sources INCLUDE REGEX "\\.h$")
+    foreach(header IN LISTS sources)
+        cmake_path(ABSOLUTE_PATH header BASE_DIRECTORY "${source_folder}" NORMALIZE)
+        cmake_path(RELATIVE_PATH header BASE_DIRECTORY "${CMAKE_SOURCE_DIR}" OUTPUT_VARIABLE name)
+        set(forwarding "${include_root}/${name}")
+        cmake_path(GET forwarding PARENT_PATH folder)
+        cmake_path(RELATIVE_PATH header BASE_DIRECTORY "${folder}" OUTPUT_VARIABLE target_of_include)
+        if(NOT target_of_include)  # another drive
+            set(target_of_include "${header}")
         endif()
+        file(CONFIGURE OUTPUT "${forwarding}" CONTENT "#include \"${target_of_include}\"\n" @ONLY)
     endforeach()
-    target_include_directories(${target} PUBLIC "${layer}")
+    target_include_directories(${target} PUBLIC "${include_root}")
 endfunction()

@@ -1,6 +1,6 @@
 #include "core/level_time.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 #include <cmath>
 #include <cstdint>

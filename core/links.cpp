@@ -1,7 +1,7 @@
 #include "core/links.h"
 
-#include "core/file_name.h"
-#include "core/text_cursor.h"
+#include "base/file_name.h"
+#include "base/text_cursor.h"
 
 namespace kavo {
 

@@ -1,9 +1,9 @@
 #include "core/player_names.h"
 
-#include "core/one_based.h"
+#include "base/text.h"
+#include "base/text_file.h"
+#include "core/levels.h"
 #include "core/settings.h"
-#include "core/text.h"
-#include "core/text_file.h"
 
 namespace kavo {
 

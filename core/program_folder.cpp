@@ -1,8 +1,8 @@
 #include "core/program_folder.h"
 
-#include "core/file_name.h"
-#include "core/run_time_error.h"
-#include "core/text_file.h"
+#include "base/file_name.h"
+#include "base/run_time_error.h"
+#include "base/text_file.h"
 
 #include <array>
 #include <cstdlib>

@@ -1,9 +1,9 @@
 #include "core/results_computation.h"
 
+#include "base/text.h"
 #include "core/level_time.h"
 #include "core/row_colouring.h"
 #include "core/statistics_file.h"
-#include "core/text.h"
 
 namespace kavo {
 

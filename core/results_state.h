@@ -2,7 +2,7 @@
 
 #include "core/colour_set.h"
 #include "core/level_time.h"
-#include "core/one_based.h"
+#include "core/levels.h"
 
 #include <array>
 #include <cstdint>

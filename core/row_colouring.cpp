@@ -1,7 +1,7 @@
 #include "core/row_colouring.h"
 
+#include "base/text.h"
 #include "core/level_time.h"
-#include "core/text.h"
 
 namespace kavo {
 

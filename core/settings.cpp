@@ -1,9 +1,9 @@
 #include "core/settings.h"
 
-#include "core/file_name.h"
-#include "core/text.h"
-#include "core/text_cursor.h"
-#include "core/text_file.h"
+#include "base/file_name.h"
+#include "base/text.h"
+#include "base/text_cursor.h"
+#include "base/text_file.h"
 
 namespace kavo {
 

@@ -1,7 +1,7 @@
 #include "core/statistics_file.h"
 
-#include "core/run_time_error.h"
-#include "core/text.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
 
 namespace kavo {
 

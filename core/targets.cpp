@@ -1,8 +1,8 @@
 #include "core/targets.h"
 
-#include "core/file_name.h"
-#include "core/text_cursor.h"
-#include "core/text_file.h"
+#include "base/file_name.h"
+#include "base/text_cursor.h"
+#include "base/text_file.h"
 
 #include <algorithm>
 

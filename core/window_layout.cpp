@@ -1,8 +1,8 @@
 #include "core/window_layout.h"
 
-#include "core/file_name.h"
-#include "core/text.h"
-#include "core/text_cursor.h"
+#include "base/file_name.h"
+#include "base/text.h"
+#include "base/text_cursor.h"
 
 #include <cmath>
 

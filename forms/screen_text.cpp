@@ -1,7 +1,7 @@
 #include "forms/screen_text.h"
 
-#include "core/file_name.h"
-#include "core/text.h"
+#include "base/file_name.h"
+#include "base/text.h"
 
 namespace kavo {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/run_time_error.h"
+#include "base/run_time_error.h"
 #include "forms/services.h"
 
 #include <QDialog>

@@ -1,5 +1,5 @@
+#include "base/run_time_error.h"
 #include "core/bug_times.h"
-#include "core/run_time_error.h"
 #include "fuzz_input.h"
 
 using kavo::fuzz::require;

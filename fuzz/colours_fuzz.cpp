@@ -1,5 +1,5 @@
+#include "base/run_time_error.h"
 #include "core/colour_set.h"
-#include "core/run_time_error.h"
 #include "fuzz_input.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

@@ -1,10 +1,10 @@
 // A whole loading from a folder of random files: they stand in the input one after the other, with a line
 // "==" between them, in the order of kFiles. What the loading leaves goes through every report.
 
+#include "base/run_time_error.h"
+#include "base/text_file.h"
 #include "core/filters.h"
 #include "core/loading.h"
-#include "core/run_time_error.h"
-#include "core/text_file.h"
 #include "fuzz_input.h"
 #include "reports/level_statistics.h"
 #include "reports/statistics.h"

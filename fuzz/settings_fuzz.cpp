@@ -1,4 +1,4 @@
-#include "core/run_time_error.h"
+#include "base/run_time_error.h"
 #include "core/settings.h"
 #include "core/window_layout.h"
 #include "fuzz_input.h"

@@ -1,7 +1,7 @@
 #include "reports/html_export.h"
 
-#include "core/run_time_error.h"
-#include "core/text.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "core/version.h"
 #include "reports/report_file.h"
 

@@ -1,9 +1,9 @@
 #include "reports/html_export_window.h"
 
-#include "core/file_name.h"
-#include "core/run_time_error.h"
+#include "base/file_name.h"
+#include "base/run_time_error.h"
+#include "base/text_file.h"
 #include "core/session.h"
-#include "core/text_file.h"
 #include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"

@@ -1,7 +1,7 @@
 #include "reports/level_statistics.h"
 
+#include "base/text.h"
 #include "core/level_time.h"
-#include "core/text.h"
 
 #include <algorithm>
 #include <cmath>

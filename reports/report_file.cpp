@@ -1,6 +1,6 @@
 #include "reports/report_file.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 namespace kavo {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/text_file.h"
+#include "base/text_file.h"
 #include "reports/report_lines.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "reports/section_box.h"
 
-#include "core/run_time_error.h"
-#include "core/text.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "forms/screen_text.h"
 
 #include <QPlainTextEdit>

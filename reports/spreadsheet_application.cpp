@@ -3,7 +3,7 @@
 #ifdef _WIN32
 #include "reports/excel/excel_spreadsheet.h"
 #else
-#include "core/file_name.h"
+#include "base/file_name.h"
 #include "core/program_folder.h"
 #include "reports/libreoffice/module_entry.h"
 

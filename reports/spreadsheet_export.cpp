@@ -1,8 +1,8 @@
 #include "reports/spreadsheet_export.h"
 
+#include "base/text.h"
 #include "core/level_time.h"
-#include "core/one_based.h"
-#include "core/text.h"
+#include "core/levels.h"
 
 #include <array>
 #include <exception>

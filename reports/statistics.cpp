@@ -1,6 +1,6 @@
 #include "reports/statistics.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 #include <string_view>
 

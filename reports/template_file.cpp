@@ -1,10 +1,10 @@
 #include "reports/template_file.h"
 
-#include "core/file_name.h"
-#include "core/run_time_error.h"
-#include "core/text.h"
-#include "core/text_cursor.h"
-#include "core/text_file.h"
+#include "base/file_name.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "base/text_cursor.h"
+#include "base/text_file.h"
 
 namespace kavo {
 

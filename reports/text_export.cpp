@@ -1,8 +1,8 @@
 #include "reports/text_export.h"
 
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "core/level_time.h"
-#include "core/run_time_error.h"
-#include "core/text.h"
 #include "reports/report_file.h"
 
 #include <array>

@@ -1,9 +1,9 @@
 #include "reports/text_export_window.h"
 
-#include "core/file_name.h"
+#include "base/file_name.h"
+#include "base/text.h"
+#include "base/text_file.h"
 #include "core/session.h"
-#include "core/text.h"
-#include "core/text_file.h"
 #include "forms/desktop.h"
 #include "forms/event_guard.h"
 #include "forms/prompts.h"

@@ -4,14 +4,20 @@ add_library(kavo_gtest STATIC "${gtest_folder}/src/gtest-all.cc" "${gtest_folder
 target_include_directories(kavo_gtest SYSTEM PUBLIC "${gtest_folder}/include" PRIVATE "${gtest_folder}")
 target_compile_options(kavo_gtest PRIVATE -w)
 
-file(GLOB core_tests CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/core/*_test.cpp")
+file(GLOB core_tests CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/base/*_test.cpp"
+    "${CMAKE_CURRENT_SOURCE_DIR}/core/*_test.cpp")
 add_executable(kavo_windows_tests
     ${core_tests}
     reports/spreadsheet_export_test.cpp
+    support/error_of.h
     support/loaded_folder.cpp
+    support/loaded_folder.h
     support/program_folder_fixture.cpp
-    support/table_text.cpp)
-target_link_libraries(kavo_windows_tests PRIVATE kavo_core kavo_gtest -static)
+    support/program_folder_fixture.h
+    support/recording_spreadsheet.h
+    support/table_text.cpp
+    support/table_text.h)
+target_link_libraries(kavo_windows_tests PRIVATE kavo_writers kavo_gtest -static)
 # Wine shows the whole file system of the host as drive Z.
 target_compile_definitions(kavo_windows_tests PRIVATE KAVO_SOURCE_FOLDER="Z:${CMAKE_SOURCE_DIR}")
-kavo_layer(kavo_windows_tests tests)
+kavo_layer(kavo_windows_tests)

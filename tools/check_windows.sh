@@ -19,7 +19,8 @@ cmake --build "$build_folder"
 
 # A library leaves unresolved names to others; all of it as one DLL does not.
 x86_64-w64-mingw32-g++-posix -shared -o "$build_folder/kavo_core.dll" \
-    -Wl,--whole-archive "$build_folder/core/libkavo_core.a" -Wl,--no-whole-archive -lole32 -loleaut32 -luuid
+    -Wl,--whole-archive "$build_folder/base/libkavo_base.a" "$build_folder/core/libkavo_core.a" \
+    "$build_folder/reports/libkavo_writers.a" -Wl,--no-whole-archive -lole32 -loleaut32 -luuid
 echo "Windows: compiled and linked"
 
 if [ $tests = OFF ]; then

@@ -2,7 +2,7 @@
 
 #include "app/application.h"
 #include "app/program.h"
-#include "core/text_file.h"
+#include "base/text_file.h"
 #include "tests/support/all_windows.h"
 #include "tests/support/program_folder_fixture.h"
 

@@ -35,7 +35,11 @@ configure() {
     local folder="$1" arguments=()
     shift
     [ -e "$folder/CMakeCache.txt" ] || arguments+=(-G Ninja)
-    if command -v ccache >/dev/null; then arguments+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
+    if command -v ccache >/dev/null; then
+        # Two checkouts share what they have in common.
+        export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+        arguments+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    fi
     mkdir -p "$folder"
     cmake -S . -B "$folder" "${arguments[@]}" "$@" >"$folder/configure.log" 2>&1 || {
         cat "$folder/configure.log" >&2

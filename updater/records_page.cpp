@@ -1,11 +1,11 @@
 #include "updater/records_page.h"
 
-#include "core/file_name.h"
+#include "base/file_name.h"
+#include "base/text.h"
+#include "base/text_cursor.h"
+#include "base/text_file.h"
 #include "core/level_time.h"
 #include "core/targets.h"
-#include "core/text.h"
-#include "core/text_cursor.h"
-#include "core/text_file.h"
 
 #include <optional>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/one_based.h"
+#include "core/levels.h"
 
 #include <filesystem>
 #include <string>

@@ -1,4 +1,4 @@
-#include "core/text_file.h"
+#include "base/text_file.h"
 #include "tests/support/command_line.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "core/filters.h"
 
-#include "core/one_based.h"
+#include "core/levels.h"
 #include "tests/support/table_text.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "core/player_names.h"
 
-#include "core/one_based.h"
+#include "core/levels.h"
 #include "tests/support/program_folder_fixture.h"
 #include "tests/support/table_text.h"
 

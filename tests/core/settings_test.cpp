@@ -1,6 +1,6 @@
 #include "core/settings.h"
 
-#include "core/run_time_error.h"
+#include "base/run_time_error.h"
 #include "tests/support/error_of.h"
 #include "tests/support/program_folder_fixture.h"
 

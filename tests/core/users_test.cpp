@@ -1,6 +1,6 @@
 #include "core/users.h"
 
-#include "core/run_time_error.h"
+#include "base/run_time_error.h"
 #include "tests/support/program_folder_fixture.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "core/file_name.h"
+#include "base/file_name.h"
 #include "core/program_folder.h"
 #include "reports/spreadsheet_export.h"
 #include "tests/support/export_season.h"

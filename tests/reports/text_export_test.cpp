@@ -1,6 +1,6 @@
 #include "reports/text_export.h"
 
-#include "core/run_time_error.h"
+#include "base/run_time_error.h"
 #include "tests/support/program_folder_fixture.h"
 #include "tests/support/report_session.h"
 

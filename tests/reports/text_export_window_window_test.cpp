@@ -1,4 +1,4 @@
-#include "core/run_time_error.h"
+#include "base/run_time_error.h"
 #include "reports/text_export.h"
 #include "reports/text_export_window.h"
 #include "tests/support/report_window_fixture.h"

@@ -1,7 +1,7 @@
 #include "tests/support/flat_sheet.h"
 
-#include "core/text.h"
-#include "core/text_file.h"
+#include "base/text.h"
+#include "base/text_file.h"
 
 #include <array>
 #include <cstdlib>

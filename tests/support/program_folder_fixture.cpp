@@ -1,6 +1,6 @@
 #include "tests/support/program_folder_fixture.h"
 
-#include "core/text_file.h"
+#include "base/text_file.h"
 
 #include <atomic>
 #include <fstream>

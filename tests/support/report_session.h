@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/text.h"
 #include "core/session.h"
-#include "core/text.h"
 #include "reports/report_lines.h"
 
 #include <ctime>

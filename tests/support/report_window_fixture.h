@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/text_file.h"
+#include "base/text_file.h"
 #include "forms/services.h"
 #include "tests/support/recording_desktop.h"
 #include "tests/support/report_session.h"

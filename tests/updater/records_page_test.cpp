@@ -1,7 +1,7 @@
 #include "updater/records_page.h"
 
-#include "core/run_time_error.h"
-#include "core/text_file.h"
+#include "base/run_time_error.h"
+#include "base/text_file.h"
 #include "tests/support/program_folder_fixture.h"
 
 #include <gtest/gtest.h>

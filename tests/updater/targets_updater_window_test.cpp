@@ -1,6 +1,6 @@
 #include "updater/targets_updater_window.h"
 
-#include "core/text_file.h"
+#include "base/text_file.h"
 #include "forms/screen_text.h"
 #include "tests/support/page_server.h"
 #include "tests/support/recording_desktop.h"

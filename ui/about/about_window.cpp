@@ -1,8 +1,8 @@
 #include "ui/about/about_window.h"
 
-#include "core/file_name.h"
+#include "base/file_name.h"
+#include "base/text_file.h"
 #include "core/session.h"
-#include "core/text_file.h"
 #include "core/version.h"
 #include "forms/desktop.h"
 #include "forms/event_guard.h"

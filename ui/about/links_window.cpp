@@ -1,8 +1,8 @@
 #include "ui/about/links_window.h"
 
+#include "base/text_file.h"
 #include "core/links.h"
 #include "core/session.h"
-#include "core/text_file.h"
 #include "forms/desktop.h"
 #include "forms/event_guard.h"
 #include "forms/screen_text.h"

@@ -1,8 +1,8 @@
 // Place, size and column widths of the main window, and the file that keeps them.
 
-#include "core/file_name.h"
-#include "core/run_time_error.h"
-#include "core/text_file.h"
+#include "base/file_name.h"
+#include "base/run_time_error.h"
+#include "base/text_file.h"
 #include "core/window_layout.h"
 #include "forms/prompts.h"
 #include "forms/twips.h"

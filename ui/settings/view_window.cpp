@@ -1,7 +1,7 @@
 #include "ui/settings/view_window.h"
 
+#include "base/run_time_error.h"
 #include "core/colour_schemes.h"
-#include "core/run_time_error.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "forms/event_guard.h"

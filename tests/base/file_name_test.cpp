@@ -1,4 +1,4 @@
-#include "core/file_name.h"
+#include "base/file_name.h"
 
 #include "tests/support/program_folder_fixture.h"
 

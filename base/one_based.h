@@ -5,10 +5,7 @@
 
 namespace kavo {
 
-inline constexpr int kLevels = 54;     ///< built-in levels of the game, numbered from 1
-inline constexpr int kTotalsRow = 55;  ///< the whole set: last row of the table, last entry of the targets
-
-/// Array with the index range 1 to Last, as levels are numbered.
+/// Array with the index range 1 to Last.
 template <typename Value, int Last>
 class OneBased final
 {

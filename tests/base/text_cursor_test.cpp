@@ -1,6 +1,6 @@
-#include "core/text_cursor.h"
+#include "base/text_cursor.h"
 
-#include "core/run_time_error.h"
+#include "base/run_time_error.h"
 
 #include <gtest/gtest.h>
 

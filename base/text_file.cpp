@@ -1,7 +1,7 @@
-#include "core/text_file.h"
+#include "base/text_file.h"
 
-#include "core/file_name.h"
-#include "core/text.h"
+#include "base/file_name.h"
+#include "base/text.h"
 
 #include <cerrno>
 #include <functional>

@@ -1,7 +1,7 @@
-#include "core/text_cursor.h"
+#include "base/text_cursor.h"
 
-#include "core/run_time_error.h"
-#include "core/text.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
 
 #include <algorithm>
 

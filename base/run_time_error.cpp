@@ -1,6 +1,6 @@
-#include "core/run_time_error.h"
+#include "base/run_time_error.h"
 
-#include "core/file_name.h"
+#include "base/file_name.h"
 
 #include <cerrno>
 

@@ -1,4 +1,4 @@
-#include "core/text_file.h"
+#include "base/text_file.h"
 
 #include "tests/support/error_of.h"
 #include "tests/support/program_folder_fixture.h"

@@ -1,6 +1,6 @@
-#include "core/file_name.h"
+#include "base/file_name.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <optional>
