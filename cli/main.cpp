@@ -1,8 +1,7 @@
-#include "cli/commands.h"
+#include "cli/command_line.h"
 
 #include <cstdio>
 #include <cstdlib>
-#include <iostream>
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -28,13 +27,20 @@ bool isColourUnwanted()
     return value != nullptr && *value != '\0';
 }
 
+kavo::Terminal terminalOfOutput()
+{
+    kavo::Terminal terminal;
+    terminal.isTerminal = isTerminal();
+    if (terminal.isTerminal && !isColourUnwanted()) terminal.colours = kavo::Colours::True;
+    return terminal;
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    std::ios::sync_with_stdio(false);
 #ifdef _WIN32
     ::_setmode(::_fileno(stdout), _O_BINARY);  // a report has its line ends already
 #endif
-    return kavo::runCommandLine(argc, argv, {std::cin, std::cout, std::cerr, isTerminal() && !isColourUnwanted()});
+    return kavo::runCommandLine(argc, argv, {stdin, stdout, stderr, terminalOfOutput()});
 }

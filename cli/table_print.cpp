@@ -1,84 +1,42 @@
 #include "cli/table_print.h"
 
-#include "base/text.h"
+#include "cli/columns.h"
 
-#include <algorithm>
-#include <array>
+#include <utility>
 
 namespace kavo {
 
 namespace {
 
-using Widths = std::array<std::size_t, kColumns>;
-
-constexpr std::string_view kGap = "  ";
-constexpr std::string_view kReset = "\x1b[0m";
-
-/// Control characters in a name must not reach the terminal.
-std::string printable(std::string_view text)
+PrintedRow headersOf(const ResultsTable& table)
 {
-    std::string result = toUtf8(text);
-    std::replace_if(
-        result.begin(), result.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
-    return replaceAll(result, "\xC2\x9B", " ");  // the one-character form of "escape ["
+    PrintedRow printed;
+    printed.reserve(kColumns);
+    for (int column = 0; column < kColumns; ++column)
+        printed.push_back({.text = table.header(static_cast<Column>(column)), .bold = true});
+    return printed;
 }
 
-Widths widthsOf(const ResultsTable& table)
+PrintedRow rowOf(const ResultsTable& table, int row)
 {
-    Widths widths{};
-    for (std::size_t i = 0; i < widths.size(); ++i) {
-        const auto column = static_cast<Column>(i);
-        widths.at(i) = countCharacters(table.header(column));
-        for (int row = 1; row <= table.rowCount(); ++row)
-            widths.at(i) = std::max(widths.at(i), countCharacters(table.text(row, column)));
+    PrintedRow printed;
+    printed.reserve(kColumns);
+    for (int column = 0; column < kColumns; ++column) {
+        const Cell& cell = table.cell(row, static_cast<Column>(column));
+        printed.push_back({.text = cell.text, .colour = cell.colour, .bold = cell.bold});
     }
-    return widths;
-}
-
-std::string escapeFor(const Cell& cell)
-{
-    std::string escape;
-    if (cell.bold) escape += "\x1b[1m";
-    if (cell.colour) {
-        const auto colour = static_cast<std::uint32_t>(*cell.colour);
-        escape += "\x1b[38;2;" + std::to_string(colour & 0xFFU) + ";" + std::to_string((colour >> 8U) & 0xFFU) + ";" +
-                  std::to_string((colour >> 16U) & 0xFFU) + "m";
-    }
-    return escape;
-}
-
-void appendCell(std::string& line, const Cell& cell, std::size_t width, Colouring colouring)
-{
-    const std::string escape = colouring == Colouring::Terminal ? escapeFor(cell) : std::string{};
-    line += escape + cutOrPad(printable(cell.text), width);
-    if (!escape.empty()) line += kReset;
-}
-
-void endLine(std::string& text, std::string& line, Colouring colouring)
-{
-    if (colouring == Colouring::None) line.resize(line.find_last_not_of(' ') + 1);
-    text += line + "\n";
-    line.clear();
+    return printed;
 }
 
 }  // namespace
 
-std::string formatTable(const Session& session, Colouring colouring)
+std::string formatTable(const ResultsTable& table, Colours colours)
 {
-    const ResultsTable& table = session.table;
-    const Widths widths = widthsOf(table);
-    std::string text;
-    std::string line;
-    for (int row = 0; row <= table.rowCount(); ++row) {
-        for (std::size_t i = 0; i < widths.size(); ++i) {
-            const auto column = static_cast<Column>(i);
-            if (i > 0) line += kGap;
-            appendCell(line, row == 0 ? Cell{table.header(column), {}, true} : table.cell(row, column), widths.at(i),
-                       colouring);
-        }
-        endLine(text, line, colouring);
-    }
-    return text;
+    std::vector<PrintedRow> rows;
+    rows.reserve(static_cast<std::size_t>(table.rowCount()) + 1);
+    rows.push_back(headersOf(table));
+    for (int row = 1; row <= table.rowCount(); ++row) rows.push_back(rowOf(table, row));
+    return formatColumns(std::move(rows), colours);
 }
 
 }  // namespace kavo

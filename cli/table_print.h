@@ -1,14 +1,13 @@
 #pragma once
 
-#include "core/session.h"
+#include "cli/terminal.h"
+#include "core/results_table.h"
 
 #include <string>
 
 namespace kavo {
 
-enum class Colouring { None, Terminal };
-
-/// The table in aligned columns, in UTF-8. Terminal: each cell in its colour and bold where marked.
-[[nodiscard]] std::string formatTable(const Session& session, Colouring colouring);
+/// The table with its headers in aligned columns, in UTF-8.
+[[nodiscard]] std::string formatTable(const ResultsTable& table, Colours colours);
 
 }  // namespace kavo

@@ -93,7 +93,7 @@ TEST_F(Export, LoadingThatEndedEarlyWritesNothing)
         arguments.push_back(path("report.txt"));
         const Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 1);
-        EXPECT_EQ(outcome.error, "Wrong file!\n");
+        EXPECT_EQ(outcome.error, "kavo-timing-cli: Wrong file!\n");
         EXPECT_EQ(folder.read("report.txt"), "old");
     }
 }
@@ -102,7 +102,7 @@ TEST_F(Export, MissingTemplateIsAnErrorAndWritesNothing)
 {
     const Outcome outcome = run({"export-html", "--template", path("none.ett"), path("report.html")});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.error, "File not found: none.ett\n");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: File not found: none.ett\n");
     EXPECT_FALSE(folder.has("report.html"));
 }
 
@@ -128,7 +128,7 @@ TEST_F(Export, TextReportThatBreaksOffStaysAsFarAsItCame)
     fs::remove(folder / "Marek/bugs.dat");
     const Outcome outcome = run({"export-text", path("report.txt")});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.error, "Invalid procedure call or argument\n");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: Invalid procedure call or argument\n");
     const std::string report = folder.read("report.txt");
     EXPECT_NE(report.find("\r\n1, Track "), std::string::npos);
     EXPECT_TRUE(report.ends_with("\r\n\r\n"));

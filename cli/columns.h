@@ -1,0 +1,26 @@
+#pragma once
+
+#include "cli/terminal.h"
+#include "core/colour_set.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kavo {
+
+/// One text of a table for people.
+struct PrintedCell
+{
+    std::string text;
+    std::optional<Colour> colour = {};
+    bool bold = false;
+};
+
+using PrintedRow = std::vector<PrintedCell>;
+
+/// Rows of the same number of cells in aligned columns, in UTF-8. With colours, each cell in its own and bold
+/// where marked.
+[[nodiscard]] std::string formatColumns(std::vector<PrintedRow> rows, Colours colours);
+
+}  // namespace kavo

@@ -1,0 +1,82 @@
+#include "cli/command_line.h"
+
+#include "base/run_time_error.h"
+#include "cli/call.h"
+#include "cli/help.h"
+#include "cli/option_parser.h"
+#include "core/version.h"
+
+#include <new>
+
+namespace kavo {
+
+namespace {
+
+ExitStatus give(Answer answer, const Call& call, Output& out)
+{
+    if (answer == Answer::Version)
+        out.write(std::string(kProductVersion) + "\n");
+    else
+        out.write(call.command != nullptr ? helpOf(*call.command) : generalHelp());
+    return kDone;
+}
+
+std::string whereHelpIs(const Call& call)
+{
+    std::string text = "; for help: kavo-timing-cli ";
+    if (call.command != nullptr) text.append(call.command->name).append(" ");
+    return text + "--help";
+}
+
+ExitStatus runCall(const std::vector<std::string>& arguments, const CommandStreams& streams, Output& out,
+                   Messages& messages)
+{
+    CommonOptions common;
+    std::vector<Option> options = common.options();
+    const Call call = findCall(arguments, options);
+    std::unique_ptr<Command> command;
+    if (call.command != nullptr) {
+        command = call.command->make();
+        for (Option& option : command->options()) options.push_back(std::move(option));
+    }
+    const Answer answer = parseArguments(options, call.arguments, whereHelpIs(call));
+    if (answer != Answer::None) return give(answer, call, out);
+    if (!command) {
+        // No table comes from such a call, so a script that waits for one must see it fail.
+        messages.show(generalHelp());
+        return kUsageError;
+    }
+    return command->run({.programFolderOption = common.programFolder,
+                         .user = common.user,
+                         .in = streams.in,
+                         .out = out,
+                         .messages = messages,
+                         .terminal = streams.terminal,
+                         .now = streams.now});
+}
+
+}  // namespace
+
+int runCommandLine(int argc, const char* const* argv, const CommandStreams& streams)
+{
+    Output out(streams.out);
+    Messages messages(streams.error);
+    try {
+        const ExitStatus status = runCall({argv + 1, argv + argc}, streams, out, messages);
+        out.flush();
+        return status;
+    } catch (const OutputClosed&) {
+        return kEndedEarly;
+    } catch (const UsageError& error) {
+        messages.tell(error.what());
+        return kUsageError;
+    } catch (const std::bad_alloc&) {
+        messages.tell("Out of memory");
+        return kEndedEarly;
+    } catch (const std::exception& error) {
+        messages.tell(error.what());
+        return kEndedEarly;
+    }
+}
+
+}  // namespace kavo

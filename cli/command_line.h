@@ -1,0 +1,20 @@
+#pragma once
+
+#include "cli/command.h"
+
+namespace kavo {
+
+/// What the command line reads from and writes to.
+struct CommandStreams
+{
+    std::FILE* in;
+    std::FILE* out;
+    std::FILE* error;
+    Terminal terminal;                                                     ///< what `out` is
+    std::function<std::time_t()> now = [] { return std::time(nullptr); };  ///< for the dates in reports
+};
+
+/// Runs kavo-timing-cli with its arguments and returns the exit status. Nothing is thrown.
+[[nodiscard]] int runCommandLine(int argc, const char* const* argv, const CommandStreams& streams);
+
+}  // namespace kavo

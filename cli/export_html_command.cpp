@@ -1,0 +1,48 @@
+#include "base/file_name.h"
+#include "base/run_time_error.h"
+#include "cli/command_factories.h"
+#include "cli/report_output.h"
+#include "reports/html_export.h"
+
+namespace kavo {
+
+namespace {
+
+class ExportHtmlCommand final : public Command
+{
+public:
+    std::vector<Option> options() override
+    {
+        return {
+            option("--template", {.name = "TEMPLATE.ett", .kind = ValueKind::File}, &m_template, "the form"),
+            argument(reportFileValue(), &m_file, kReportFileHelp),
+        };
+    }
+
+    ExitStatus run(const CommandContext& context) override
+    {
+        const auto path = locate(pathOf(m_template));
+        if (!fileExists(path)) throw RunTimeError(Failure::FileNotFound, path);
+        const TemplateSections sections = loadTemplateFile({}, path);
+        const std::time_t now = context.now();
+        return writeReport(
+            context, m_file,
+            {.toLines = [&](const Session& session,
+                            ReportLines& lines) { writeHtmlReport(session, sections, datesOf(now), lines); },
+             .toFile = [&](Session& session,
+                           const std::filesystem::path& file) { exportHtml(session, sections, now, file); }});
+    }
+
+private:
+    std::string m_template;
+    std::string m_file;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeExportHtmlCommand()
+{
+    return std::make_unique<ExportHtmlCommand>();
+}
+
+}  // namespace kavo

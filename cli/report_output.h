@@ -1,0 +1,27 @@
+#pragma once
+
+#include "cli/loaded_results.h"
+#include "reports/report_lines.h"
+
+#include <filesystem>
+#include <functional>
+
+namespace kavo {
+
+/// The argument of the commands that write a report.
+[[nodiscard]] Value reportFileValue();
+inline constexpr std::string_view kReportFileHelp = "the report, which is replaced; - is standard output";
+
+/// The two ways in which a report is written.
+struct ReportWriters
+{
+    std::function<void(Session&, ReportLines&)> toLines;
+    std::function<void(Session&, const std::filesystem::path&)> toFile;
+};
+
+/// Runs the loading and, when it went through to its end, writes a report of what it left into the file named,
+/// or to standard output.
+[[nodiscard]] ExitStatus writeReport(const CommandContext& context, std::string_view file,
+                                     const ReportWriters& writers);
+
+}  // namespace kavo

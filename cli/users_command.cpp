@@ -1,0 +1,25 @@
+#include "cli/command_factories.h"
+#include "core/users.h"
+
+namespace kavo {
+
+namespace {
+
+class UsersCommand final : public Command
+{
+public:
+    ExitStatus run(const CommandContext& context) override
+    {
+        for (const std::string& nick : readUsers(context.programFolder())) context.out.write(nick + "\n");
+        return kDone;
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeUsersCommand()
+{
+    return std::make_unique<UsersCommand>();
+}
+
+}  // namespace kavo
