@@ -9,14 +9,10 @@ file(GLOB core_tests CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/base/*_test.
 add_executable(kavo_windows_tests
     ${core_tests}
     reports/spreadsheet_export_test.cpp
-    support/error_of.h
+    ${support_headers}
     support/loaded_folder.cpp
-    support/loaded_folder.h
     support/program_folder_fixture.cpp
-    support/program_folder_fixture.h
-    support/recording_spreadsheet.h
-    support/table_text.cpp
-    support/table_text.h)
+    support/table_text.cpp)
 target_link_libraries(kavo_windows_tests PRIVATE kavo_writers kavo_gtest -static)
 # Wine shows the whole file system of the host as drive Z.
 target_compile_definitions(kavo_windows_tests PRIVATE KAVO_SOURCE_FOLDER="Z:${CMAKE_SOURCE_DIR}")
