@@ -70,7 +70,7 @@ Call findCall(std::vector<std::string> arguments, const std::vector<Option>& com
     const CommandInfo* command = nullptr;
     if (places.size() == kLongestName) command = findCommand(arguments[places[0]] + " " + arguments[places[1]]);
     if (command == nullptr) {
-        places.resize(1);
+        places.erase(places.begin() + 1, places.end());
         command = findCommand(arguments[places[0]]);
     }
     if (command == nullptr) {
