@@ -30,18 +30,13 @@ install_packages() {
     fi
 }
 
-# configure FOLDER OPTION...: CMake with Ninja, and ccache where it is.
+# configure FOLDER OPTION...: CMake with Ninja; warnings are errors unless an option says otherwise.
 configure() {
-    local folder="$1" arguments=()
+    local folder="$1" generator=()
     shift
-    [ -e "$folder/CMakeCache.txt" ] || arguments+=(-G Ninja)
-    if command -v ccache >/dev/null; then
-        # Two checkouts share what they have in common.
-        export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
-        arguments+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-    fi
+    [ -e "$folder/CMakeCache.txt" ] || generator=(-G Ninja)
     mkdir -p "$folder"
-    cmake -S . -B "$folder" "${arguments[@]}" "$@" >"$folder/configure.log" 2>&1 || {
+    cmake -S . -B "$folder" "${generator[@]}" -DKAVO_WERROR=ON "$@" >"$folder/configure.log" 2>&1 || {
         cat "$folder/configure.log" >&2
         return 1
     }
