@@ -1,6 +1,7 @@
 #include "core/loading.h"
 #include "reports/spreadsheet_export.h"
 #include "tests/support/headless_office.h"
+#include "tests/support/places.h"
 #include "tests/support/program_folder_fixture.h"
 
 #include <chrono>
@@ -14,7 +15,6 @@ using namespace kavo;
 using Clock = std::chrono::steady_clock;
 
 constexpr int kExports = 5;
-constexpr const char* kModule = KAVO_LIBREOFFICE_MODULE;
 
 double millisecondsSince(Clock::time_point start)
 {
@@ -37,7 +37,7 @@ double measuredExport(const test::TemporaryFolder& folder, const Session& sessio
 {
     Clock::time_point answered;
     ExportExcel(session.table, session.state, session.colours, "20.11.2026", [&] {
-        auto sheet = test::headlessOffice(kModule, folder.path());
+        auto sheet = test::headlessOffice(test::officeModule(), folder.path());
         answered = Clock::now();
         return sheet;
     });
@@ -51,7 +51,7 @@ int main()
     const test::TemporaryFolder folder;
     const Session session = demoSession(folder);
     const auto start = Clock::now();
-    const auto office = test::headlessOffice(kModule, folder.path(), folder / "empty.fods");
+    const auto office = test::headlessOffice(test::officeModule(), folder.path(), folder / "empty.fods");
     std::printf("start of the office with a new profile: %.0f ms\n", millisecondsSince(start));
     office->addWorkbook();
     for (int i = 0; i < kExports; ++i) std::printf("export: %.0f ms\n", measuredExport(folder, session));

@@ -14,6 +14,7 @@ add_executable(kavo_windows_tests
     support/program_folder_fixture.cpp
     support/table_text.cpp)
 target_link_libraries(kavo_windows_tests PRIVATE kavo_writers kavo_gtest -static)
+target_precompile_headers(kavo_windows_tests PRIVATE ${precompiled})
 # Wine shows the whole file system of the host as drive Z.
-target_compile_definitions(kavo_windows_tests PRIVATE KAVO_SOURCE_FOLDER="Z:${CMAKE_SOURCE_DIR}")
+kavo_places(kavo_windows_tests "Z:${CMAKE_SOURCE_DIR}")
 kavo_layer(kavo_windows_tests)

@@ -1,5 +1,6 @@
 #include "base/text_file.h"
 #include "tests/support/command_line.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -32,11 +33,11 @@ protected:
 
     [[nodiscard]] std::string path(std::string_view name) const { return (folder / name).string(); }
 
-    static std::string sample(const std::string& name) { return kavo::readFile(fs::path(KAVO_SOURCE_FOLDER) / name); }
+    static std::string sample(const std::string& name) { return kavo::readFile(kavo::test::sourceFolder() / name); }
 
     static std::string templatePath(const std::string& name)
     {
-        return (fs::path(KAVO_SOURCE_FOLDER) / "data/templates" / (name + ".ett")).string();
+        return (kavo::test::sourceFolder() / "data/templates" / (name + ".ett")).string();
     }
 
     TemporaryFolder folder;

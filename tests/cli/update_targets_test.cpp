@@ -1,5 +1,6 @@
 #include "base/text_file.h"
 #include "tests/support/command_line.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +22,7 @@ Outcome run(const TemporaryFolder& folder, std::vector<std::string> arguments, c
 
 std::string sample(const char* name)
 {
-    return kavo::readFile(fs::path(KAVO_SOURCE_FOLDER) / name);
+    return kavo::readFile(kavo::test::sourceFolder() / name);
 }
 
 /// Fixed targets and nothing else: no user, no statistics.
@@ -37,7 +38,7 @@ TEST(UpdateTargets, RewritesTheTargetsFromAPageFile)
     const TemporaryFolder folder;
     fill(folder);
     const Outcome outcome =
-        run(folder, {"--page", (fs::path(KAVO_SOURCE_FOLDER) / "tests/data/records_page.html").string()});
+        run(folder, {"--page", (kavo::test::sourceFolder() / "tests/data/records_page.html").string()});
     EXPECT_EQ(outcome.status, 0) << outcome.error;
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(folder.read("targets.txt"), sample("tests/data/records_page_targets.txt"));

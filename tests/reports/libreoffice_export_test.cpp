@@ -4,6 +4,7 @@
 #include "tests/support/export_season.h"
 #include "tests/support/flat_sheet.h"
 #include "tests/support/headless_office.h"
+#include "tests/support/places.h"
 #include "tests/support/recording_spreadsheet.h"
 
 #include <gtest/gtest.h>
@@ -15,15 +16,6 @@ namespace kavo {
 namespace {
 
 using Kind = test::RecordedCell::Kind;
-
-// Set by the build when the module is part of it.
-#ifdef KAVO_LIBREOFFICE_MODULE
-constexpr const char* kModule = KAVO_LIBREOFFICE_MODULE;
-constexpr const char* kCalcLibrary = KAVO_OFFICE_FOLDER "/program/libsclo.so";
-#else
-constexpr const char* kModule = nullptr;
-constexpr const char* kCalcLibrary = nullptr;
-#endif
 
 constexpr int kLastRow = 70;
 constexpr int kLastColumn = 10;
@@ -58,7 +50,7 @@ BothSheets exportToBoth(const Session& session)
     };
     BothSheets both;
     runExport(test::recordingSpreadsheet(both.fake));
-    runExport([&folder] { return test::headlessOffice(kModule, folder.path(), folder / "sheet.fods"); });
+    runExport([&folder] { return test::headlessOffice(test::officeModule(), folder.path(), folder / "sheet.fods"); });
     both.office = test::readFlatSheet(folder / "sheet.fods");
     return both;
 }
@@ -90,8 +82,8 @@ void expectEqualCells(const BothSheets& both)
 
 TEST(LibreOfficeExport, GivesTheSheetThatTheFakeRecords)
 {
-    if (kModule == nullptr) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
-    if (!fileExists(kCalcLibrary)) GTEST_SKIP() << "LibreOffice Calc is not installed";
+    if (test::officeModule().empty()) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
+    if (!fileExists(test::officeFolder() / "program/libsclo.so")) GTEST_SKIP() << "LibreOffice Calc is not installed";
     test::ExportSeason season;
     season.load("2", "bob.txt");
     season.session.state.Player1Name = "=1+1";
@@ -111,9 +103,9 @@ TEST(LibreOfficeExport, AModuleThatIsMissingIsAnError)
 {
     EXPECT_THROW(static_cast<void>(moduleEntry("/nowhere/" + std::string(kLibreOfficeModule), kCreateEntry)),
                  std::runtime_error);
-    if (kModule == nullptr) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
-    EXPECT_NE(moduleEntry(kModule, kCreateEntry), nullptr);
-    EXPECT_THROW(static_cast<void>(moduleEntry(kModule, "noSuchEntry")), std::runtime_error);
+    if (test::officeModule().empty()) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
+    EXPECT_NE(moduleEntry(test::officeModule(), kCreateEntry), nullptr);
+    EXPECT_THROW(static_cast<void>(moduleEntry(test::officeModule(), "noSuchEntry")), std::runtime_error);
 }
 
 /// Takes a variable out of this process's environment as long as it lives.
@@ -139,10 +131,10 @@ private:
 
 TEST(LibreOfficeExport, WithoutADisplayNoOfficeIsStarted)
 {
-    if (kModule == nullptr) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
+    if (test::officeModule().empty()) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
     const WithoutVariable display("DISPLAY");
     const WithoutVariable wayland("WAYLAND_DISPLAY");
-    const auto create = reinterpret_cast<CreateEntry>(moduleEntry(kModule, kCreateEntry));
+    const auto create = reinterpret_cast<CreateEntry>(moduleEntry(test::officeModule(), kCreateEntry));
     EXPECT_EQ(std::unique_ptr<Spreadsheet>(create()), nullptr);
 }
 

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <ostream>
 #include <vector>
 
 class Form1;
@@ -22,6 +23,12 @@ struct WindowRow
     bool closesOnEscape = true;
     std::vector<const char*> controls;
 };
+
+/// How GoogleTest names a row.
+inline void PrintTo(const WindowRow& row, std::ostream* out)
+{
+    *out << row.className;
+}
 
 /// In the order of the menu.
 [[nodiscard]] const std::vector<WindowRow>& allWindows();

@@ -1,6 +1,7 @@
 #include "tests/support/program_folder_fixture.h"
 
 #include "base/text_file.h"
+#include "tests/support/places.h"
 
 #include <atomic>
 #include <fstream>
@@ -46,7 +47,7 @@ bool TemporaryFolder::has(std::string_view name) const
 
 void copyDemo(const TemporaryFolder& folder)
 {
-    const fs::path data = fs::path(KAVO_SOURCE_FOLDER) / "data";
+    const fs::path data = sourceFolder() / "data";
     fs::copy(data / "demo", folder.path(), fs::copy_options::recursive);
     for (const char* name : {"targets.txt", "targets_old.txt", "history.txt", "links.txt"})
         fs::copy(data / name, folder / name);

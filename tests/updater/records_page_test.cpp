@@ -2,6 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text_file.h"
+#include "tests/support/places.h"
 #include "tests/support/program_folder_fixture.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +39,7 @@ std::string normalisedOnPage(const std::string& cell)
 
 std::string sampleFile(const char* name)
 {
-    return kavo::readFile(fs::path(KAVO_SOURCE_FOLDER) / name);
+    return kavo::readFile(kavo::test::sourceFolder() / name);
 }
 
 }  // namespace

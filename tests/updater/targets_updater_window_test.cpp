@@ -3,6 +3,7 @@
 #include "base/text_file.h"
 #include "forms/screen_text.h"
 #include "tests/support/page_server.h"
+#include "tests/support/places.h"
 #include "tests/support/recording_desktop.h"
 #include "tests/support/window_fixture.h"
 #include "updater/transfer.h"
@@ -30,7 +31,7 @@ const Message kError{"Error"};
 
 std::string sample(const char* name)
 {
-    return kavo::readFile(std::filesystem::path(KAVO_SOURCE_FOLDER) / name);
+    return kavo::readFile(kavo::test::sourceFolder() / name);
 }
 
 QByteArray samplePage()

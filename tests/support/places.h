@@ -1,0 +1,17 @@
+#pragma once
+
+#include <filesystem>
+
+/// Where tests find what lies outside the test program. The build writes these functions (places.cpp.in).
+namespace kavo::test {
+
+/// The root of the project, with `data/` and `tests/data/`.
+[[nodiscard]] std::filesystem::path sourceFolder();
+
+/// The module of the spreadsheet export; empty when it is no part of the build.
+[[nodiscard]] std::filesystem::path officeModule();
+
+/// The installation of LibreOffice that the module was built with; empty without the module.
+[[nodiscard]] std::filesystem::path officeFolder();
+
+}  // namespace kavo::test
