@@ -2,6 +2,7 @@
 
 #include "base/text_file.h"
 #include "forms/services.h"
+#include "tests/support/patience.h"
 #include "tests/support/recording_desktop.h"
 #include "tests/support/report_session.h"
 #include "tests/support/window_fixture.h"
@@ -43,7 +44,7 @@ protected:
     static void showAndWait(QWidget& window)
     {
         window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, kPatience));
     }
 
     static void click(QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }

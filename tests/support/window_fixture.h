@@ -3,6 +3,7 @@
 #include "app/application.h"
 #include "app/program.h"
 #include "tests/support/all_windows.h"
+#include "tests/support/patience.h"
 #include "tests/support/program_folder_fixture.h"
 #include "tests/support/scripted_prompts.h"
 
@@ -88,7 +89,7 @@ protected:
         QTimer watchdog;
         watchdog.setSingleShot(true);
         QObject::connect(&watchdog, &QTimer::timeout, qApp, [] { QCoreApplication::exit(7); });
-        watchdog.start(5000);
+        watchdog.start(kPatience);
         return QCoreApplication::exec();
     }
 

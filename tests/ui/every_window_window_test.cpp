@@ -2,6 +2,7 @@
 
 #include "core/colour_set.h"
 #include "forms/window_painting.h"
+#include "tests/support/patience.h"
 #include "tests/support/window_fixture.h"
 
 #include <QAbstractButton>
@@ -19,6 +20,7 @@
 namespace {
 
 using kavo::test::allWindows;
+using kavo::test::kPatience;
 using kavo::test::WindowRow;
 
 /// A part of a control, such as the edit line of a spin box.
@@ -199,7 +201,7 @@ TEST_P(EveryWindow, IsWalkedThroughByKeyboardAlone)
 {
     look([](QWidget& window) {
         window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }, kPatience));
         std::set<QString> missing;
         const auto controls = controlsToReach(window);
         for (const QWidget* control : controls) missing.insert(control->objectName());

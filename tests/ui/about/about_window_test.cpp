@@ -1,6 +1,7 @@
 #include "ui/about/about_window.h"
 
 #include "forms/window_painting.h"
+#include "tests/support/patience.h"
 #include "tests/support/recording_desktop.h"
 #include "tests/support/window_fixture.h"
 #include "ui/about/links_window.h"
@@ -15,6 +16,7 @@
 namespace {
 
 using kavo::MessageIcon;
+using kavo::test::kPatience;
 
 constexpr const char* kSharedTools = "SOFTWARE\\Microsoft\\Shared Tools";
 
@@ -31,7 +33,7 @@ protected:
         window = std::move(opened);
         window->show();
         window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), kPatience));
         return shown;
     }
 
@@ -58,7 +60,7 @@ protected:
 
     void waitForReport()
     {
-        EXPECT_TRUE(QTest::qWaitFor([this] { return prompts.isDone(); }));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return prompts.isDone(); }, kPatience));
     }
 
     kavo::Session session;
@@ -186,7 +188,7 @@ TEST_F(AboutWindows, SystemInformationIsTheFirstKnownProgramOnThePath)
                         {"gnome-control-center", "/usr/bin/gnome-control-center"}};
     open<frmAbout>();
     QTest::keyClick(window.get(), Qt::Key_S, Qt::AltModifier);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !desktop.started.isEmpty(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !desktop.started.isEmpty(); }, kPatience));
     EXPECT_EQ(desktop.started, QStringList("/usr/bin/gnome-control-center info-overview"));
     desktop.startsPrograms = false;
     prompts.expectMessage({"System Information Is Unavailable At This Time"});

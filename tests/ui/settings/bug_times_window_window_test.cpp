@@ -1,3 +1,4 @@
+#include "tests/support/patience.h"
 #include "tests/support/window_fixture.h"
 
 #include <QGroupBox>
@@ -7,6 +8,7 @@
 namespace {
 
 using kavo::Message;
+using kavo::test::kPatience;
 
 const kavo::LineQuestion kQuestion = {
     "Adding bug-time",
@@ -134,7 +136,7 @@ TEST_F(BugTimesWindow, EntriesAreChosenByKeyboardToo)
 {
     look([](QWidget& window) {
         window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }, kPatience));
         auto& box = entries(window, "List2");
         box.setFocus();
         ASSERT_TRUE(box.hasFocus());

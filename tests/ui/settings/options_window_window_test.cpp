@@ -1,3 +1,4 @@
+#include "tests/support/patience.h"
 #include "tests/support/window_fixture.h"
 
 #include <QComboBox>
@@ -9,6 +10,7 @@
 namespace {
 
 using kavo::Message;
+using kavo::test::kPatience;
 using kavo::test::statisticsText;
 using kavo::test::targetsText;
 using kavo::test::withWindow;
@@ -238,7 +240,7 @@ TEST_F(OptionsWindow, CancelWritesNothingAndShowsTheMainWindow)
         EXPECT_FALSE(window.isVisible());
     });
     EXPECT_EQ(folder.read("Marek/data.ini"), before);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&mainWindow()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&mainWindow(), kPatience));
 }
 
 TEST_F(OptionsWindow, BrowseButtonsFillTheirBoxes)

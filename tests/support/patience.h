@@ -1,0 +1,8 @@
+#pragma once
+
+namespace kavo::test {
+
+/// How long a test waits for what must come, in milliseconds: far longer than a busy machine takes.
+inline constexpr int kPatience = 60'000;
+
+}  // namespace kavo::test
