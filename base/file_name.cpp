@@ -1,5 +1,6 @@
 #include "base/file_name.h"
 
+#include "base/run_time_error.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -17,6 +18,13 @@ bool isThere(const fs::path& path)
     return fs::exists(fs::symlink_status(path, ignored));
 }
 
+/// Errors after which it is certain that no file of that path can be found.
+bool cannotBeThere(const std::error_code& error)
+{
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory ||
+           error == std::errc::filename_too_long || error == std::errc::too_many_symbolic_link_levels;
+}
+
 /// The entry of a folder whose name equals `name` but for case; the first in byte order if several do.
 std::optional<fs::path> entryIgnoringCase(const fs::path& folder, const fs::path& name)
 {
@@ -28,7 +36,18 @@ std::optional<fs::path> entryIgnoringCase(const fs::path& folder, const fs::path
         fs::path candidate = entry->path().filename();
         if (foldCase(textOf(candidate)) == wanted && (!found || candidate < *found)) found = std::move(candidate);
     }
+    // A folder that may be entered but not listed shows its entries to those who know their spelling.
+    const bool isAnswer = !error || cannotBeThere(error) || error == std::errc::permission_denied;
+    if (!isAnswer) throw RunTimeError(failureOf(error), name);
     return found;
+}
+
+fs::file_type typeAt(const fs::path& path)
+{
+    std::error_code error;
+    const fs::file_type type = fs::status(path, error).type();
+    if (type == fs::file_type::none && !cannotBeThere(error)) throw RunTimeError(failureOf(error), path);
+    return type;
 }
 
 }  // namespace
@@ -36,7 +55,8 @@ std::optional<fs::path> entryIgnoringCase(const fs::path& folder, const fs::path
 fs::path pathOf(std::string_view text)
 {
 #ifdef _WIN32
-    return {std::u8string(text.begin(), text.end())};
+    const std::string utf8 = toUtf8(text);  // a path in an 8-bit code page is meant as it is shown
+    return {std::u8string(utf8.begin(), utf8.end())};
 #else
     return {std::string(text)};
 #endif
@@ -45,8 +65,15 @@ fs::path pathOf(std::string_view text)
 std::string textOf(const fs::path& path)
 {
 #ifdef _WIN32
-    const std::u8string text = path.u8string();
-    return std::string(text.begin(), text.end());
+    try {
+        const std::u8string text = path.u8string();
+        return std::string(text.begin(), text.end());
+    } catch (const std::system_error&) {
+        // A name that is no text, which only other programs make: none of ours is spelled so.
+        std::string text;
+        for (const wchar_t unit : path.native()) text.push_back(unit < 0x80 ? static_cast<char>(unit) : '?');
+        return text;
+    }
 #else
     return path.string();
 #endif
@@ -58,13 +85,12 @@ fs::path locate(const fs::path& wanted)
     fs::path found = wanted.root_path();
     bool searching = true;
     for (const fs::path& component : wanted.relative_path()) {
-        fs::path next = found / component;
-        if (searching && !component.empty() && !isThere(next)) {
-            const auto entry = entryIgnoringCase(found, component);
+        std::optional<fs::path> entry;
+        if (searching && !component.empty() && !isThere(found / component)) {
+            entry = entryIgnoringCase(found, component);
             searching = entry.has_value();
-            if (entry) next = found / *entry;
         }
-        found = std::move(next);
+        found /= entry.value_or(component);
     }
     return found;
 }
@@ -81,14 +107,12 @@ fs::path locateTyped(const fs::path& folder, std::string_view typed)
 
 bool fileExists(const fs::path& path)
 {
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored);
+    return typeAt(path) == fs::file_type::regular;
 }
 
 bool folderExists(const fs::path& path)
 {
-    std::error_code ignored;
-    return fs::is_directory(path, ignored);
+    return typeAt(path) == fs::file_type::directory;
 }
 
 bool isPlainName(std::string_view text)

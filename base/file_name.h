@@ -12,14 +12,16 @@ namespace kavo {
 [[nodiscard]] std::string textOf(const std::filesystem::path& path);
 
 /// The file or folder that `wanted` names: every component matches without regard to case, the exact
-/// spelling first. Components that are not there keep their spelling, so that a new file can be made.
+/// spelling first. Components that are not there keep their spelling, so that a new file can be made. Throws
+/// RunTimeError where the system cannot tell: a file must not get a second one of its name.
 [[nodiscard]] std::filesystem::path locate(const std::filesystem::path& wanted);
 
 /// The file that a path typed by the user names: a relative path counts from `folder`; backslashes
 /// serve as separators where no file is spelled with them.
 [[nodiscard]] std::filesystem::path locateTyped(const std::filesystem::path& folder, std::string_view typed);
 
-/// Whether an ordinary file stands there (folders do not count).
+/// Whether an ordinary file stands there (folders, pipes and devices do not count). Both throw RunTimeError
+/// where the system cannot tell: what is only out of reach must not be taken for missing.
 [[nodiscard]] bool fileExists(const std::filesystem::path& path);
 [[nodiscard]] bool folderExists(const std::filesystem::path& path);
 

@@ -3,6 +3,7 @@
 #include "base/file_name.h"
 
 #include <cerrno>
+#include <new>
 
 namespace kavo {
 
@@ -28,6 +29,8 @@ std::string_view standardText(Failure failure)
     case Failure::SubscriptOutOfRange: return "Subscript out of range";
     case Failure::PathFileAccess: return "Path/File access error";
     case Failure::DiskFull: return "Disk full";
+    case Failure::FileTooLarge: return "File too large";
+    case Failure::OutOfMemory: return "Out of memory";
     }
     return {};
 }
@@ -54,7 +57,20 @@ Failure failureOf(const std::error_code& error)
 #endif
     if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
         return Failure::PathNotFound;
+    if (error == std::errc::not_enough_memory) return Failure::OutOfMemory;
     return Failure::PathFileAccess;
+}
+
+std::string inWords(const std::exception& error)
+{
+    // A text longer than any can be is one that there is no memory for.
+    const bool isMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr ||
+                          dynamic_cast<const std::length_error*>(&error) != nullptr;
+    if (isMemory) return std::string(standardText(Failure::OutOfMemory));
+    if (const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error))
+        return textAbout(failureOf(file->code()), file->path1());
+    if (const auto* system = dynamic_cast<const std::system_error*>(&error)) return system->code().message();
+    return error.what();
 }
 
 }  // namespace kavo

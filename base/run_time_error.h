@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -17,6 +18,8 @@ enum class Failure {
     SubscriptOutOfRange,
     PathFileAccess,
     DiskFull,
+    FileTooLarge,
+    OutOfMemory,
 };
 
 [[nodiscard]] std::string_view standardText(Failure failure);
@@ -41,5 +44,8 @@ private:
 
 /// The failure that an error of the file system means to the user.
 [[nodiscard]] Failure failureOf(const std::error_code& error);
+
+/// What the user is told about any error: a standard text where one fits it, else the error's own.
+[[nodiscard]] std::string inWords(const std::exception& error);
 
 }  // namespace kavo

@@ -1,19 +1,10 @@
 #include "base/text_file.h"
 
 #include "base/file_name.h"
+#include "base/open_file.h"
 #include "base/text.h"
 
-#include <cerrno>
-#include <functional>
-
-#ifdef _WIN32
-#include <io.h>
-#include <process.h>
-#else
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
+#include <algorithm>
 
 namespace fs = std::filesystem;
 
@@ -21,112 +12,66 @@ namespace kavo {
 
 namespace {
 
-constexpr std::size_t kReadSize = 1U << 16U;
-
-std::error_code lastError()
-{
-    return {errno, std::generic_category()};
-}
-
-std::FILE* openFile(const fs::path& path, const char* mode)
-{
-#ifdef _WIN32
-    std::string narrow(mode);
-    std::erase(narrow, 'x');  // exclusive creation is not in every C run-time library there
-    return ::_wfopen(path.c_str(), std::wstring(narrow.begin(), narrow.end()).c_str());
-#else
-    return std::fopen(path.c_str(), mode);
-#endif
-}
-
-bool flushToDisk(std::FILE* file)
-{
-    if (std::fflush(file) != 0) return false;
-#ifdef _WIN32
-    return ::_commit(::_fileno(file)) == 0;
-#else
-    return ::fsync(::fileno(file)) == 0 || errno == EINVAL || errno == EROFS;
-#endif
-}
-
-/// Makes a rename survive a power cut, where the file system can do it.
-void flushFolder([[maybe_unused]] const fs::path& folder)
-{
-#ifndef _WIN32
-    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-#endif
-}
-
-int processId()
-{
-#ifdef _WIN32
-    return ::_getpid();
-#else
-    return ::getpid();
-#endif
-}
-
-/// The new file gets the permissions of the one it replaces.
-void keepPermissions(const fs::path& from, const fs::path& to)
+/// Opens an ordinary file. Anything else is not even opened: a program that waits to write into a pipe
+/// would take that for its reader.
+OpenFile openOrdinary(const fs::path& path)
 {
     std::error_code error;
-    const fs::file_status status = fs::status(from, error);
-    if (fs::exists(status)) fs::permissions(to, status.permissions(), error);
+    const fs::file_type type = fs::status(path, error).type();
+    const bool isElse = type != fs::file_type::regular && type != fs::file_type::not_found;
+    if (isElse) throw RunTimeError(Failure::PathFileAccess, path);
+    OpenFile file = OpenFile::toRead(path, error);
+    if (error == std::errc::no_such_file_or_directory) throw RunTimeError(Failure::FileNotFound, path);
+    if (error) throw RunTimeError(failureOf(error), path);
+    return file;
 }
 
-bool isDirectlyWritten(const fs::path& target)
+/// A larger buffer that begins with what is in the smaller one.
+std::unique_ptr<char[]> enlarged(const std::unique_ptr<char[]>& buffer, std::size_t length, std::size_t size)
 {
-    std::error_code ignored;
-    const fs::file_status status = fs::status(target, ignored);
-    return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
+    auto larger = std::make_unique_for_overwrite<char[]>(size);
+    std::copy_n(buffer.get(), length, larger.get());
+    return larger;
 }
 
-/// A file that the user has write-protected is not replaced behind the protection.
-bool isWriteProtected(const fs::path& target)
+/// Reads to the end, wherever that is by then: the game may be writing, and some files of the system do not
+/// tell their size.
+FileContent readToEnd(const OpenFile& file, const fs::path& path, std::uintmax_t largest)
 {
-#ifdef _WIN32
-    return fileExists(target) && ::_waccess(target.c_str(), 2) != 0;
-#else
-    return fileExists(target) && ::access(target.c_str(), W_OK) != 0;
-#endif
-}
-
-fs::path temporaryBeside(const fs::path& target)
-{
-    const auto hash = std::hash<std::string>{}(textOf(target.filename()));
-    return target.parent_path() / pathOf(".kavo-" + std::to_string(processId()) + "-" + std::to_string(hash) + ".tmp");
-}
-
-fs::path followLinks(const fs::path& path)
-{
+    constexpr std::size_t kLeast = 4096;
+    const auto told = file.ordinarySize();
+    if (!told) throw RunTimeError(Failure::PathFileAccess, path);
+    if (*told > largest) throw RunTimeError(Failure::FileTooLarge, path);
+    // One byte more than there should be, so that the end is met without a larger buffer.
+    std::size_t size = std::max(kLeast, static_cast<std::size_t>(*told) + 1);
+    auto buffer = std::make_unique_for_overwrite<char[]>(size);
+    std::size_t length = 0;
     std::error_code error;
-    if (!fs::is_symlink(path, error)) return path;
-    const fs::path target = fs::weakly_canonical(path, error);
-    return error ? path : target;
+    while (const std::size_t got = file.read(buffer.get() + length, size - length, error)) {
+        length += got;
+        if (length > largest) throw RunTimeError(Failure::FileTooLarge, path);
+        if (length < size) continue;
+        size += size / 2;
+        buffer = enlarged(buffer, length, size);
+    }
+    if (error) throw RunTimeError(failureOf(error), path);
+    return {std::move(buffer), length};
 }
 
 }  // namespace
 
+FileContent readContent(const fs::path& path, std::uintmax_t largest)
+{
+    try {
+        return readToEnd(openOrdinary(path), path, largest);
+    } catch (const std::bad_alloc&) {
+        throw RunTimeError(Failure::OutOfMemory, path);
+    }
+}
+
 std::string readFile(const fs::path& path)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(
-        openFile(path, "rb"), [](std::FILE* f) { return f != nullptr ? std::fclose(f) : 0; });
-    if (!file) throw RunTimeError(errno == ENOENT ? Failure::FileNotFound : failureOf(lastError()), path);
-    std::string content;
-    std::error_code ignored;
-    const auto size = fs::file_size(path, ignored);
-    if (!ignored) content.reserve(size + 1);
-    for (std::size_t got = kReadSize; got == kReadSize;) {
-        const std::size_t before = content.size();
-        content.resize(before + kReadSize);
-        got = std::fread(content.data() + before, 1, kReadSize, file.get());
-        content.resize(before + got);
-    }
-    if (std::ferror(file.get()) != 0) throw RunTimeError(Failure::PathFileAccess, path);
-    return content;
+    return parseFile(path, [](std::string_view content) { return std::string(content); });
 }
 
 std::optional<std::string> readFileIfThere(const fs::path& path)
@@ -135,77 +80,11 @@ std::optional<std::string> readFileIfThere(const fs::path& path)
     return readFile(path);
 }
 
-AtomicFile::AtomicFile(const fs::path& path) : m_named(path), m_target(followLinks(path))
-{
-    if (folderExists(m_target)) throw RunTimeError(Failure::PathFileAccess, m_named);
-    if (isWriteProtected(m_target)) throw RunTimeError(Failure::PathFileAccess, m_named);
-    if (m_target.filename().empty()) throw RunTimeError(Failure::PathNotFound, m_named);
-    openTarget();
-}
-
-void AtomicFile::openTarget()
-{
-    if (isDirectlyWritten(m_target)) {
-        m_file = openFile(m_target, "wb");
-    } else {
-        m_temporary = temporaryBeside(m_target);
-        std::error_code ignored;
-        fs::remove(m_temporary, ignored);
-        m_file = openFile(m_temporary, "wbx");
-    }
-    if (m_file == nullptr) fail(lastError());
-    if (!m_temporary.empty()) keepPermissions(m_target, m_temporary);
-}
-
-AtomicFile::~AtomicFile()
-{
-    if (m_file != nullptr) std::fclose(m_file);
-    std::error_code ignored;
-    if (!m_temporary.empty()) fs::remove(m_temporary, ignored);
-}
-
-void AtomicFile::fail(const std::error_code& error) const
-{
-    throw RunTimeError(failureOf(error), m_named);
-}
-
-void AtomicFile::write(std::string_view bytes)
-{
-    if (std::fwrite(bytes.data(), 1, bytes.size(), m_file) != bytes.size()) fail(lastError());
-}
-
-void AtomicFile::commit()
-{
-    if (m_temporary.empty()) {
-        if (std::fflush(m_file) != 0) fail(lastError());
-        return;
-    }
-    if (!flushToDisk(m_file)) fail(lastError());
-    const int closed = std::fclose(m_file);
-    m_file = nullptr;
-    if (closed != 0) fail(lastError());
-    std::error_code error;
-    fs::rename(m_temporary, m_target, error);
-    if (error) fail(error);
-    m_temporary.clear();
-    flushFolder(m_target.parent_path());
-}
-
-void AtomicFile::keepAsWritten() noexcept
-{
-    if (m_temporary.empty()) return;
-    if (m_file != nullptr) std::fclose(m_file);
-    m_file = nullptr;
-    std::error_code error;
-    fs::rename(m_temporary, m_target, error);
-    if (!error) m_temporary.clear();
-}
-
-void replaceFile(const fs::path& path, std::string_view content)
+void replaceFile(const fs::path& path, std::string_view content, Flush flush)
 {
     AtomicFile file(path);
     file.write(content);
-    file.commit();
+    file.commit(flush);
 }
 
 void appendLine(const fs::path& path, std::string_view line)
@@ -219,12 +98,13 @@ void appendLine(const fs::path& path, std::string_view line)
 void copyFile(const fs::path& from, const fs::path& to)
 {
     if (!fileExists(from)) throw RunTimeError(Failure::FileNotFound, from);
-    replaceFile(to, readFile(from));
+    replaceFile(to, readContent(from).view());
 }
 
 void deleteFile(const fs::path& path)
 {
     std::error_code error;
+    if (fs::is_directory(fs::symlink_status(path, error))) throw RunTimeError(Failure::PathFileAccess, path);
     fs::remove(path, error);
     if (error) throw RunTimeError(Failure::PathFileAccess, path);
 }

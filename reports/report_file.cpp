@@ -2,11 +2,18 @@
 
 #include "base/text.h"
 
+#include <exception>
+
 namespace kavo {
 
 ReportFile::~ReportFile()
 {
-    if (!m_isClosed) m_file.keepAsWritten();
+    if (m_isClosed || m_file.hasFailed()) return;
+    try {
+        m_file.commit();
+    } catch (const std::exception&) {
+        // The error that has broken off the report is on its way to the user; the former report stays.
+    }
 }
 
 void ReportFile::write(std::string_view text)

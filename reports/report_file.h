@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/text_file.h"
+#include "base/atomic_file.h"
 #include "reports/report_lines.h"
 
 #include <filesystem>
@@ -8,7 +8,8 @@
 namespace kavo {
 
 /// A report on its way into a file, which is replaced. A report that breaks off before close() stays as
-/// far as it was written: the last line in it shows the user where to look.
+/// far as it was written: the last line in it shows the user where to look. A disk that fails leaves the
+/// report that was there before.
 class ReportFile final : public ReportLines
 {
 public:

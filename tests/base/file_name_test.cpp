@@ -1,6 +1,8 @@
 #include "base/file_name.h"
 
+#include "tests/support/error_of.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/trouble.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +71,39 @@ TEST(FileExists, IsTrueForOrdinaryFilesOnly)
     EXPECT_TRUE(folderExists(folder.path()));
     EXPECT_FALSE(folderExists(folder / "a.txt"));
 }
+
+TEST(Locate, TakesTimeInProportionToThePath)
+{
+    std::string path = "/none";
+    for (int i = 0; i < 200'000; ++i) path += "/a";
+    EXPECT_EQ(locate(path).native().size(), path.size());
+}
+
+#ifndef _WIN32
+
+TEST(Locate, DoesNotMakeAnotherFileWhereItCannotLook)
+{
+    const TemporaryFolder folder;
+    folder.write("Targets.TXT", "x");
+    const test::NoMoreFiles noMore;
+    EXPECT_EQ(test::errorOf([&] { static_cast<void>(locate(folder / "targets.txt")); }),
+              "Path/File access error: targets.txt");
+}
+
+TEST(FileExists, IsNoAnswerWhereTheSystemCannotTell)
+{
+    const TemporaryFolder folder;
+    folder.write("locked/a.txt", "");
+    fs::permissions(folder / "locked", fs::perms{0700});
+    const auto look = [&] { return test::errorOf([&] { static_cast<void>(fileExists(folder / "locked/a.txt")); }); };
+    EXPECT_EQ(test::asStranger(look), "Path/File access error: a.txt");
+    fs::create_symlink("loop", folder / "loop");
+    EXPECT_FALSE(fileExists(folder / "loop"));
+    EXPECT_FALSE(fileExists(folder / std::string(10'000, 'x')));
+    EXPECT_FALSE(fileExists(folder / "locked/a.txt/b"));
+}
+
+#endif
 
 TEST(PlainName, HasNoSeparatorAndLeadsNowhere)
 {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <new>
+#include <stdexcept>
 
 namespace kavo {
 
@@ -17,6 +19,21 @@ TEST(RunTimeError, HasTheStandardText)
     EXPECT_STREQ(RunTimeError(Failure::SubscriptOutOfRange).what(), "Subscript out of range");
     EXPECT_STREQ(RunTimeError(Failure::PathFileAccess).what(), "Path/File access error");
     EXPECT_STREQ(RunTimeError(Failure::DiskFull).what(), "Disk full");
+    EXPECT_STREQ(RunTimeError(Failure::FileTooLarge).what(), "File too large");
+    EXPECT_STREQ(RunTimeError(Failure::OutOfMemory).what(), "Out of memory");
+}
+
+TEST(AnyError, IsToldInWords)
+{
+    EXPECT_EQ(inWords(RunTimeError(Failure::DiskFull, "a.txt")), "Disk full: a.txt");
+    EXPECT_EQ(inWords(std::bad_alloc()), "Out of memory");
+    EXPECT_EQ(inWords(std::length_error("basic_string::append")), "Out of memory");
+    const std::filesystem::filesystem_error gone("cannot get current path", "/x/y.txt",
+                                                 std::make_error_code(std::errc::no_such_file_or_directory));
+    EXPECT_EQ(inWords(gone), "Path not found: y.txt");
+    const auto busy = std::make_error_code(std::errc::resource_unavailable_try_again);
+    EXPECT_EQ(inWords(std::system_error(busy, "thread")), busy.message());
+    EXPECT_EQ(inWords(std::runtime_error("anything else")), "anything else");
 }
 
 TEST(RunTimeError, NamesTheFileOnce)
@@ -36,6 +53,7 @@ TEST(Failure, FollowsTheSystemsError)
     EXPECT_EQ(of(ENOENT), Failure::PathNotFound);
     EXPECT_EQ(of(ENOTDIR), Failure::PathNotFound);
     EXPECT_EQ(of(EACCES), Failure::PathFileAccess);
+    EXPECT_EQ(of(ENOMEM), Failure::OutOfMemory);
 #ifndef _WIN32
     EXPECT_EQ(of(EDQUOT), Failure::DiskFull);
 #endif

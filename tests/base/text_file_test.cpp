@@ -2,15 +2,9 @@
 
 #include "tests/support/error_of.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/trouble.h"
 
 #include <gtest/gtest.h>
-
-#ifndef _WIN32
-#include <csignal>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace fs = std::filesystem;
 
@@ -51,6 +45,26 @@ TEST(ReadFile, FailsWithoutAFile)
     EXPECT_FALSE(readFileIfThere(folder.path()).has_value());
 }
 
+TEST(ReadFile, RefusesMoreThanItsLimit)
+{
+    const TemporaryFolder folder;
+    folder.write("a.txt", "four");
+    EXPECT_EQ(readContent(folder / "a.txt", 4).view(), "four");
+    EXPECT_EQ(errorOf([&] { static_cast<void>(readContent(folder / "a.txt", 3)); }), "File too large: a.txt");
+    for (const std::uintmax_t size : {kLargestFile + 1, std::uintmax_t{1} << 40U}) {
+        fs::resize_file(folder / "a.txt", size);  // takes no room on the disk
+        EXPECT_EQ(errorOf([&] { static_cast<void>(readFile(folder / "a.txt")); }), "File too large: a.txt");
+    }
+}
+
+TEST(ParseFile, TellsWhichFileThereIsNoMemoryFor)
+{
+    const TemporaryFolder folder;
+    folder.write("a.txt", "content");
+    const auto fail = [](std::string_view) -> int { throw std::bad_alloc(); };
+    EXPECT_EQ(errorOf([&] { parseFile(folder / "a.txt", fail); }), "Out of memory: a.txt");
+}
+
 TEST(ParseFile, NamesTheFileInAFailureOfTheParser)
 {
     const TemporaryFolder folder;
@@ -77,19 +91,6 @@ TEST(ReplaceFile, FailsWhereNoFileCanBe)
     EXPECT_EQ(errorOf([&] { replaceFile(folder / "none/a.txt", "x"); }), "Path not found: a.txt");
     EXPECT_EQ(errorOf([&] { replaceFile(folder / "sub", "x"); }), "Path/File access error: sub");
     EXPECT_EQ(errorOf([&] { replaceFile("", "x"); }), "Path not found");
-}
-
-TEST(AtomicFile, KeepsTheOldContentWithoutACommit)
-{
-    const TemporaryFolder folder;
-    folder.write("a.txt", "old");
-    {
-        AtomicFile file(folder / "a.txt");
-        file.write("new");
-        EXPECT_EQ(folder.read("a.txt"), "old");
-    }
-    EXPECT_EQ(folder.read("a.txt"), "old");
-    EXPECT_EQ(entriesOf(folder.path()), 1);
 }
 
 TEST(AppendLine, EndsALineLeftOpen)
@@ -121,11 +122,53 @@ TEST(DeleteFile, IsContentWithoutAFile)
     deleteFile(folder / "a.txt");
     deleteFile(folder / "a.txt");
     EXPECT_FALSE(folder.has("a.txt"));
-    folder.write("full/a.txt", "x");
-    EXPECT_EQ(errorOf([&] { deleteFile(folder / "full"); }), "Path/File access error: full");
+    for (const char* name : {"full", "empty"}) {
+        fs::create_directory(folder / name);
+        if (std::string_view(name) == "full") folder.write("full/a.txt", "x");
+        EXPECT_EQ(errorOf([&] { deleteFile(folder / name); }), "Path/File access error: " + std::string(name));
+        EXPECT_TRUE(folder.has(name));
+    }
 }
 
 #ifndef _WIN32
+
+TEST(ReadFile, RefusesWhateverIsNoOrdinaryFileAtOnce)
+{
+    const TemporaryFolder folder;
+    test::makePipe(folder / "pipe");
+    EXPECT_EQ(errorOf([&] { static_cast<void>(readFile(folder / "pipe")); }), "Path/File access error: pipe");
+    EXPECT_FALSE(readFileIfThere(folder / "pipe").has_value());
+    EXPECT_EQ(errorOf([] { static_cast<void>(readFile("/dev/zero")); }), "Path/File access error: zero");
+    fs::create_symlink("pipe", folder / "link");
+    EXPECT_EQ(errorOf([&] { static_cast<void>(readFile(folder / "link")); }), "Path/File access error: link");
+    fs::create_symlink("none", folder / "dangling");
+    EXPECT_EQ(errorOf([&] { static_cast<void>(readFile(folder / "dangling")); }), "File not found: dangling");
+}
+
+TEST(ReadFile, ReadsFilesThatDoNotTellTheirSize)
+{
+    if (!fs::exists("/proc/self/status")) GTEST_SKIP() << "no such files here";
+    EXPECT_EQ(fs::file_size("/proc/self/status"), 0U);
+    EXPECT_NE(readFile("/proc/self/status").find("Pid:"), std::string::npos);
+    EXPECT_EQ(errorOf([] { static_cast<void>(readContent("/proc/self/status", 20)); }), "File too large: status");
+}
+
+TEST(ReadFile, DoesNotTakeAFileOutOfReachForMissing)
+{
+    const TemporaryFolder folder;
+    folder.write("locked/users.dat", "bob\r\n");
+    fs::permissions(folder / "locked", fs::perms{0700});
+    const fs::path file = folder / "locked/users.dat";
+    const auto read = [&] { return errorOf([&] { static_cast<void>(readFileIfThere(file)); }); };
+    EXPECT_EQ(test::asStranger(read), "Path/File access error: users.dat");
+    const auto append = [&] { return errorOf([&] { appendLine(file, "eve"); }); };
+    EXPECT_EQ(test::asStranger(append), "Path/File access error: users.dat");
+    const auto noDescriptor = [&] {
+        const test::NoMoreFiles noMore;
+        return errorOf([&] { static_cast<void>(readFile(file)); });
+    };
+    EXPECT_EQ(noDescriptor(), "Path/File access error: users.dat");
+}
 
 TEST(ReplaceFile, KeepsThePermissionsOfTheFile)
 {
@@ -148,11 +191,12 @@ TEST(ReplaceFile, WritesThroughASymbolicLink)
 
 TEST(ReplaceFile, LeavesAWriteProtectedFileAlone)
 {
-    if (::geteuid() == 0) GTEST_SKIP() << "nothing is protected from root";
     const TemporaryFolder folder;
     folder.write("a.txt", "one");
     fs::permissions(folder / "a.txt", fs::perms{0444});
-    EXPECT_EQ(errorOf([&] { replaceFile(folder / "a.txt", "two"); }), "Path/File access error: a.txt");
+    fs::permissions(folder.path(), fs::perms{0777});
+    const auto replace = [&] { return errorOf([&] { replaceFile(folder / "a.txt", "two"); }); };
+    EXPECT_EQ(test::asStranger(replace), "Path/File access error: a.txt");
     EXPECT_EQ(folder.read("a.txt"), "one");
 }
 
@@ -163,37 +207,13 @@ TEST(ReplaceFile, WritesADeviceDirectly)
     EXPECT_EQ(errorOf([] { replaceFile("/dev/full", "x"); }), "Disk full: full");
 }
 
-/// Limits how large a file of this process may grow while it lives.
-class SmallDisk
-{
-public:
-    explicit SmallDisk(rlim_t bytes)
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        m_signal = std::signal(SIGXFSZ, SIG_IGN);
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~SmallDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_signal);
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_signal)(int) = nullptr;
-};
-
 TEST(ReplaceFile, KeepsTheOldFileWhenTheDiskIsFull)
 {
     const TemporaryFolder folder;
     folder.write("a.txt", "old");
     std::string error;
     {
-        const SmallDisk disk(100);
+        const test::SmallDisk disk(100);
         error = errorOf([&] { replaceFile(folder / "a.txt", std::string(100'000, 'x')); });
     }
     EXPECT_EQ(error, "Disk full: a.txt");

@@ -3,6 +3,7 @@
 #include "base/run_time_error.h"
 #include "tests/support/program_folder_fixture.h"
 #include "tests/support/report_session.h"
+#include "tests/support/trouble.h"
 
 #include <gtest/gtest.h>
 
@@ -131,6 +132,20 @@ TEST_F(HtmlExportFile, FailureAfterTheOpeningEndsAllLaterOnes)
     expectFailure("/dev/full");
     expectFailure(folder / "report.html");
     EXPECT_FALSE(folder.has("report.html"));
+}
+#endif
+
+#ifndef _WIN32
+TEST_F(HtmlExportFile, FullDiskLeavesTheReportThatWasThere)
+{
+    folder.write("report.html", "old");
+    {
+        const test::SmallDisk disk(100);
+        expectFailure(folder / "report.html");
+    }
+    EXPECT_EQ(folder.read("report.html"), "old");
+    expectFailure(folder / "report.html");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 #endif
 

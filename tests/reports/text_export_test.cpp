@@ -1,8 +1,10 @@
 #include "reports/text_export.h"
 
 #include "base/run_time_error.h"
+#include "tests/support/error_of.h"
 #include "tests/support/program_folder_fixture.h"
 #include "tests/support/report_session.h"
+#include "tests/support/trouble.h"
 
 #include <gtest/gtest.h>
 
@@ -190,6 +192,29 @@ TEST(TextExport, BrokenOffReportStaysAsFarAsItCame)
               "Time    Target\r\n\r\n");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
+
+#ifndef _WIN32
+
+TEST(TextExport, FullDiskLeavesTheReportThatWasThere)
+{
+    const test::TemporaryFolder folder;
+    folder.write("report.txt", "old");
+    // One that is whole, and one that would have broken off by itself.
+    for (const char* name : {"1, Track", "abcdefghijklmnopqrstuvwx"}) {
+        Session session = reportSession();
+        session.table.setText(kTotalsRow, Column::Level, name);
+        std::string error;
+        {
+            const test::SmallDisk disk(1000);
+            error = test::errorOf([&] { exportText(session, folder / "report.txt"); });
+        }
+        EXPECT_TRUE(error == "Disk full: report.txt" || error == "Invalid procedure call or argument") << error;
+        EXPECT_EQ(folder.read("report.txt"), "old");
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+    }
+}
+
+#endif
 
 TEST(TextExport, FolderThatIsNotThereIsAnError)
 {
