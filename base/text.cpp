@@ -132,6 +132,29 @@ std::size_t skipExponent(std::string_view text, std::size_t position)
     return end > digits ? end : position;
 }
 
+/// Value of a complete exponent ("e-5", "E+400"), 0 of an empty one.
+std::int64_t exponentOf(std::string_view exponent)
+{
+    constexpr std::int64_t kBeyondEverything = 1'000'000'000'000'000;
+    const std::string_view digits = exponent.substr(std::min(exponent.find_first_of("0123456789"), exponent.size()));
+    std::int64_t value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec == std::errc::result_out_of_range) value = kBeyondEverything;
+    value = std::min(value, kBeyondEverything);
+    return exponent.find('-') == std::string_view::npos ? value : -value;
+}
+
+/// What a number without a sign is read as that no double can hold: the largest one, or 0.
+double nearestToOutOfRange(std::string_view mantissa, std::string_view exponent)
+{
+    const std::size_t firstDigit = mantissa.find_first_of("123456789");
+    if (firstDigit == std::string_view::npos) return 0;
+    const auto first = static_cast<std::int64_t>(firstDigit);
+    const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+    const std::int64_t digitsBeforePoint = first < point ? point - first : point + 1 - first;
+    return digitsBeforePoint + exponentOf(exponent) > 0 ? std::numeric_limits<double>::max() : 0;
+}
+
 struct NumberPrefix
 {
     double value = 0;
@@ -152,7 +175,9 @@ std::optional<NumberPrefix> numberPrefix(std::string_view text)
     const std::size_t end = skipExponent(text, mantissaEnd);
     double value = 0;
     const auto [unused, error] = std::from_chars(text.data() + digits, text.data() + end, value);
-    if (error == std::errc::result_out_of_range) value = std::numeric_limits<double>::max();
+    if (error == std::errc::result_out_of_range)
+        value =
+            nearestToOutOfRange(text.substr(digits, mantissaEnd - digits), text.substr(mantissaEnd, end - mantissaEnd));
     return NumberPrefix{negative ? -value : value, end};
 }
 
@@ -251,6 +276,7 @@ bool isNumeric(std::string_view text)
 
 std::string decimal(double number)
 {
+    if (number == 0) return "0";  // without the sign that zero can have
     std::array<char, 400> buffer{};
     const auto [end, error] =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);
@@ -284,8 +310,17 @@ bool equalIgnoringCase(std::string_view a, std::string_view b)
 
 bool containsIgnoringCase(std::string_view text, std::string_view word)
 {
-    const auto sameLetter = [](char a, char b) { return lowerAscii(a) == b; };
-    return std::search(text.begin(), text.end(), word.begin(), word.end(), sameLetter) != text.end();
+    // After Horspool: a text may be a gigabyte of anything, and most of it is skipped. `step` is how far the
+    // word can move on when a byte stands under its last letter.
+    const std::size_t last = word.size() - 1;
+    std::array<std::size_t, 256> step{};
+    step.fill(word.size());
+    for (std::size_t i = 0; i < last; ++i)
+        for (const unsigned letter : {byteAt(word, i), byteAt(word, i) - ('a' - 'A')}) step.at(letter) = last - i;
+    const auto isLetter = [](char letter, char c) { return lowerAscii(c) == letter; };
+    for (std::size_t at = 0; at + last < text.size(); at += step.at(byteAt(text, at + last)))
+        if (std::equal(word.begin(), word.end(), text.substr(at).begin(), isLetter)) return true;
+    return false;
 }
 
 std::string toUtf8(std::string_view text)

@@ -38,7 +38,8 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 /// Every occurrence from left to right; what was inserted is not looked at again.
 [[nodiscard]] std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);
 
-/// The number a text begins with (blanks skipped, sign, fraction and exponent allowed); 0 when none.
+/// The number a text begins with (blanks skipped, sign, fraction and exponent allowed); 0 when none. One that
+/// is too large is the largest there is, one that is too small is 0.
 [[nodiscard]] double numberOf(std::string_view text);
 
 /// numberOf rounded to a whole number (halves to even), held within the 32-bit range.
@@ -59,7 +60,7 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 
 [[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);
 
-/// Whether `word` (lower-case ASCII letters) stands in the text in any case.
+/// Whether `word` (lower-case ASCII letters, at least one) stands in the text in any case.
 [[nodiscard]] bool containsIgnoringCase(std::string_view text, std::string_view word);
 
 /// The text as valid UTF-8: a byte that is none becomes its Windows-1252 character.

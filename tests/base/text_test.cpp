@@ -95,7 +95,36 @@ TEST(NumberOf, TakesTheLongestNumberInFront)
         {"1e2", 100},     {"1e", 1},    {"1e+", 1}, {"1E-1", 0.1}, {"1 2", 1}, {"7,5", 7}, {"0x10", 0},
     };
     for (const auto& [text, number] : cases) EXPECT_EQ(numberOf(text), number) << text;
-    EXPECT_EQ(numberOf("1e999"), std::numeric_limits<double>::max());
+}
+
+TEST(NumberOf, HoldsWhatIsTooLargeAndDropsWhatIsTooSmall)
+{
+    constexpr double kLargest = std::numeric_limits<double>::max();
+    const std::string zeros(1000, '0');
+    const std::string nines(1'000'000, '9');
+    const std::vector<std::pair<std::string, double>> cases = {
+        {"1e999", kLargest},
+        {"-1e400", -kLargest},
+        {"1e+400", kLargest},
+        {"1e99999999999999999999999", kLargest},
+        {"1" + zeros, kLargest},
+        {nines, kLargest},
+        {"1e-400", 0},
+        {"-1e-400", 0},
+        {"123.5e-400", 0},
+        {"1e-99999999999999999999999", 0},
+        {"0." + zeros + "1", 0},
+        {"0e99999", 0},
+        {"0.000e999999999999", 0},
+        {"1" + zeros + "e-1000", 1},
+        {"0." + zeros + "1e1001", 1},
+        {"." + zeros + "1e1400", kLargest},
+        {"1e308", 1e308},
+        {"5e-324", std::numeric_limits<double>::denorm_min()},
+        {"2.2250738585072011e-308", 2.2250738585072011e-308},
+        {"0." + nines, 1},
+    };
+    for (const auto& [text, number] : cases) EXPECT_EQ(numberOf(text), number) << text.substr(0, 50);
 }
 
 TEST(IntegerOf, RoundsHalvesToEven)
@@ -119,6 +148,10 @@ TEST(PrintedNumber, HasABlankOnBothSides)
     EXPECT_EQ(printedNumber(-3), "-3 ");
     EXPECT_EQ(printedNumber(8.25), " 8.25 ");
     EXPECT_EQ(decimal(16777215), "16777215");
+    EXPECT_EQ(decimal(-0.0), "0");
+    EXPECT_EQ(printedNumber(numberOf("-1e-400")), " 0 ");
+    EXPECT_EQ(decimal(std::numeric_limits<double>::max()).size(), 309U);
+    EXPECT_EQ(decimal(-std::numeric_limits<double>::denorm_min()).size(), 327U);  // "-0." and 324 digits
 }
 
 TEST(FoldCase, LowersLettersOfTheAlphabetsInUse)
@@ -140,6 +173,10 @@ TEST(ContainsIgnoringCase, FindsAWord)
     EXPECT_TRUE(containsIgnoringCase("steppes", "steppes"));
     EXPECT_FALSE(containsIgnoringCase("stepps", "steppes"));
     EXPECT_FALSE(containsIgnoringCase("", "steppes"));
+    EXPECT_TRUE(containsIgnoringCase("steppeststeppessteppe", "steppes"));
+    EXPECT_TRUE(containsIgnoringCase("xxxxxpLaYeR", "player"));
+    EXPECT_FALSE(containsIgnoringCase("playeplayeplaye[yer", "player"));
+    EXPECT_FALSE(containsIgnoringCase(std::string(1000, 'r') + "\xFF\xD0", "player"));
 }
 
 TEST(ToUtf8, ShowsOtherBytesAsWindows1252)
