@@ -64,7 +64,8 @@ std::vector<std::string> listSchemes(const fs::path& userFolder)
     for (fs::directory_iterator entry(coloursFolder(userFolder), error), end; !error && entry != end;
          entry.increment(error)) {
         const std::string file = textOf(entry->path().filename());
-        if (file.size() < kExtension.size() || !fileExists(entry->path())) continue;
+        std::error_code ignored;
+        if (file.size() < kExtension.size() || !entry->is_regular_file(ignored)) continue;
         const std::string name = file.substr(0, file.size() - kExtension.size());
         const bool isColourFile = equalIgnoringCase(file.substr(name.size()), kExtension);
         if (isColourFile && !equalIgnoringCase(name, kInForce)) names.push_back(name);

@@ -8,7 +8,7 @@ namespace kavo {
 Links parseLinks(std::string_view text)
 {
     Links links;
-    for (TextCursor lines(text); !lines.atEnd();) {
+    for (TextCursor lines(text); !lines.atEnd() && links.addresses.size() < kMostLinks;) {
         links.addresses.emplace_back(lines.line());
         if (!lines.atEnd()) links.descriptions.emplace_back(lines.line());
     }

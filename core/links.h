@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kavo {
+
+inline constexpr std::size_t kMostLinks = 10'000;  ///< read from a file; nobody scrolls farther
 
 /// The lines of `links.txt` in turn: an address, and what is found there. Entry i of both belongs together.
 struct Links
@@ -17,6 +20,7 @@ struct Links
     [[nodiscard]] bool endsEarly() const { return addresses.size() != descriptions.size(); }
 };
 
+/// At most kMostLinks entries.
 [[nodiscard]] Links parseLinks(std::string_view text);
 
 [[nodiscard]] std::filesystem::path linksFile(const std::filesystem::path& programFolder);

@@ -186,8 +186,8 @@ LoadingResult load(Session& session, LoadingHost& host, const LoadingOptions& op
         runSteps(session, host, options);
     } catch (const EndOfLoading& end) {
         return {end.end, {}};
-    } catch (const RunTimeError& error) {
-        return {LoadingEnd::Error, error.what()};
+    } catch (const std::exception& error) {
+        return {LoadingEnd::Error, inWords(error)};
     }
     return {};
 }

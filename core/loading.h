@@ -37,7 +37,7 @@ enum class LoadingEnd { Completed, WrongFile, Abandoned, Error };
 struct LoadingResult
 {
     LoadingEnd end = LoadingEnd::Completed;
-    std::string error;  ///< text of the run-time error that ended the loading, else empty
+    std::string error;  ///< text of the error that ended the loading, else empty
 };
 
 struct LoadingOptions
@@ -46,8 +46,8 @@ struct LoadingOptions
     bool makesFolders = true;         ///< whether a missing `colors` folder is made
 };
 
-/// The loading sequence: reads every file in its order and fills the session's table from the start. A
-/// run-time error ends it where it stands and is returned, not thrown.
+/// The loading sequence: reads every file in its order and fills the session's table from the start. An
+/// error, whichever, ends it where it stands and is returned, not thrown.
 [[nodiscard]] LoadingResult load(Session& session, LoadingHost& host, const LoadingOptions& options = {});
 
 /// The settings step: fills StatsPath, CompPath, CompCategory, the font size and the three names from

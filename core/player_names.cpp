@@ -1,5 +1,6 @@
 #include "core/player_names.h"
 
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/text_file.h"
 #include "core/levels.h"
@@ -35,6 +36,8 @@ void showChangedNames(Session& session, const std::string& oldPlayer1, const std
 
 void saveNames(const Session& session)
 {
+    // No user's names: a loading that has ended before it knew the user leaves no folder to write into.
+    if (session.userFolder.empty()) throw RunTimeError(Failure::PathNotFound, "names.dat");
     const Names names{session.state.Player1Name, session.state.Player2Name, session.state.TeamName};
     replaceFile(namesFile(session.userFolder), formatNames(names));
 }

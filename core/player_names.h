@@ -17,7 +17,7 @@ void showChangedNames(Session& session, const std::string& oldPlayer1, const std
 /// Headers of both players and the team.
 void showNamesInHeaders(Session& session);
 
-/// Rewrites `names.dat`.
+/// Rewrites `names.dat`. Throws RunTimeError(PathNotFound) when no user is known.
 void saveNames(const Session& session);
 
 }  // namespace kavo

@@ -49,21 +49,36 @@ fs::path dataHomeOf(const ProgramFolderSources& sources)
     throw RunTimeError(Failure::PathNotFound, fs::path(kFolderName));
 }
 
+/// Makes the folder under another name until it is complete: one that a killed program has left half-way is gone
+/// on with.
+void makeSupplied(const fs::path& folder, const fs::path& suppliedFiles)
+{
+    const fs::path unfinished = folder.parent_path() / std::string(".").append(kFolderName).append("-new");
+    std::error_code error;
+    fs::create_directories(unfinished, error);
+    if (error) throw RunTimeError(failureOf(error), folder);
+    for (const std::string_view name : kSuppliedFiles)
+        if (const auto content = readFileIfThere(suppliedFiles / name)) replaceFile(unfinished / name, *content);
+    fs::rename(unfinished, folder, error);
+    if (error) throw RunTimeError(failureOf(error), folder);
+}
+
 fs::path madeAndSupplied(const fs::path& folder, const fs::path& suppliedFiles)
 {
     if (folderExists(folder)) return folder;
-    std::error_code error;
-    fs::create_directories(folder, error);
-    if (error) throw RunTimeError(failureOf(error), folder);
-    for (const std::string_view name : kSuppliedFiles)
-        if (const auto content = readFileIfThere(suppliedFiles / name)) replaceFile(folder / name, *content);
+    try {
+        makeSupplied(folder, suppliedFiles);
+    } catch (const RunTimeError&) {
+        if (!folderExists(folder)) throw;  // else another first start at this very moment was quicker
+    }
     return folder;
 }
 
 fs::path named(const std::string& folder)
 {
-    fs::path path = locate(fs::absolute(pathOf(folder)).lexically_normal());
-    if (!folderExists(path)) throw RunTimeError(Failure::PathNotFound, pathOf(folder));
+    std::error_code error;  // a relative path counts from a working folder that may have been deleted
+    fs::path path = locate(fs::absolute(pathOf(folder), error).lexically_normal());
+    if (error || !folderExists(path)) throw RunTimeError(Failure::PathNotFound, pathOf(folder));
     return path;
 }
 

@@ -12,6 +12,11 @@ namespace kavo {
 /// RunTimeError(InputPastEnd) when there are fewer than 275 fields; those read have then been stored.
 void parseTargets(std::string_view text, ResultsState& state);
 
+/// Whether a text holds 55 records that begin with a time: what a page without times gives does not. Fields
+/// count as parseTargets counts them. Players' own files have "." for ":", minutes of one or more digits,
+/// totals in hours, and grades left empty.
+[[nodiscard]] bool holdsAllTargets(std::string_view text);
+
 /// Where the targets of all users lie.
 [[nodiscard]] std::filesystem::path targetsFile(const std::filesystem::path& programFolder);
 

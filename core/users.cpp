@@ -42,8 +42,11 @@ std::string asLine(std::string_view text)
 bool holdsOrdinaryFile(const fs::path& folder)
 {
     std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
-        if (fileExists(entry->path())) return true;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        std::error_code ignored;
+        // What a program that was killed has left behind is no file of the user's.
+        if (entry->is_regular_file(ignored) && !isTemporaryName(entry->path())) return true;
+    }
     return false;
 }
 
@@ -70,13 +73,19 @@ std::optional<std::string> readCurrentUserIfThere(const fs::path& programFolder)
 
 fs::path userFolder(const fs::path& programFolder, std::string_view nick)
 {
-    if (!isPlainName(nick)) throw RunTimeError(Failure::PathNotFound, pathOf(nick));
+    // Without a nick this would be the program folder itself.
+    if (nick.empty() || !isPlainName(nick)) throw RunTimeError(Failure::PathNotFound, pathOf(nick));
     return locate(programFolder / pathOf(nick));
 }
 
 bool isNickAllowed(std::string_view nick)
 {
     return !trimBlanks(nick).empty() && countCharacters(nick) <= kLongestNick;
+}
+
+bool isNickForAutoLogin(std::string_view nick)
+{
+    return isNickAllowed(nick) && isPlainName(nick);
 }
 
 int readAutoLogin(const fs::path& programFolder)
@@ -97,13 +106,13 @@ void suspendAutoLogin(const fs::path& programFolder)
 
 bool createUserIfNew(const fs::path& programFolder, std::string_view nick)
 {
-    if (!isPlainName(nick) || holdsOrdinaryFile(userFolder(programFolder, nick))) return false;
+    if (nick.empty() || !isPlainName(nick) || holdsOrdinaryFile(userFolder(programFolder, nick))) return false;
     // A folder that is there but empty counts as new, and then cannot be made: nothing is added.
     std::error_code error;
     if (!fs::create_directory(userFolder(programFolder, nick), error)) return false;
     try {
         appendLine(usersFile(programFolder), nick);
-    } catch (const RunTimeError&) {
+    } catch (const std::exception&) {
         return false;  // the login goes on without the rest of the new user's steps
     }
     return true;

@@ -18,12 +18,15 @@ namespace kavo {
 /// The same, nothing when there is no such file.
 [[nodiscard]] std::optional<std::string> readCurrentUserIfThere(const std::filesystem::path& programFolder);
 
-/// The user's folder. Throws RunTimeError(PathNotFound) for a nick that would lead out of the program
-/// folder.
+/// The user's folder. Throws RunTimeError(PathNotFound) for a nick that is empty or would lead out of the
+/// program folder.
 [[nodiscard]] std::filesystem::path userFolder(const std::filesystem::path& programFolder, std::string_view nick);
 
 /// Whether a nick may log in: more than blanks, and at most ten characters, blanks counted.
 [[nodiscard]] bool isNickAllowed(std::string_view nick);
+
+/// Whether a nick may log in without a look at it: it must be a name for a folder, too.
+[[nodiscard]] bool isNickForAutoLogin(std::string_view nick);
 
 /// The number in `autolog.dat`; 0 when there is none. Only 1 means to log in without asking.
 [[nodiscard]] int readAutoLogin(const std::filesystem::path& programFolder);

@@ -32,6 +32,15 @@ TEST(Links, EmptyLinesCountAndAnEmptyFileHasNone)
     EXPECT_FALSE(parseLinks("").endsEarly());
 }
 
+TEST(Links, AreReadAsFarAsAnybodyScrolls)
+{
+    std::string text;
+    for (int i = 0; i < 10'001; ++i) text += "https://a.example/\r\nA\r\n";
+    const Links links = parseLinks(text);
+    EXPECT_EQ(links.addresses.size(), 10'000U);
+    EXPECT_FALSE(links.endsEarly());
+}
+
 }  // namespace
 
 }  // namespace kavo

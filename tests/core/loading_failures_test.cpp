@@ -1,7 +1,10 @@
 #include "core/loading.h"
 #include "tests/support/loaded_folder.h"
+#include "tests/support/trouble.h"
 
 #include <gtest/gtest.h>
+
+#include <new>
 
 /// Loadings that end early: the table stays as far as it was filled, with the designed headers.
 namespace kavo {
@@ -252,6 +255,69 @@ TEST(Failure, LeavesNothingOfTheLoadingBefore)
     EXPECT_EQ(loaded.counts(Side::Player1), "0 0 0 0 0 0");
     EXPECT_EQ(loaded.session.state.Player2Name, "Player2");
 }
+
+TEST(AnyOtherError, EndsTheLoadingInWords)
+{
+    class FailingHost final : public LoadingHost
+    {
+    public:
+        void showMessage(const Message&) override { throw std::bad_alloc(); }
+        AfterOptions openOptions() override { return AfterOptions::GoOn; }
+        void applyLayout(const std::vector<double>&) override {}
+        void layoutLoaded() override {}
+    };
+    LoadedFolder loaded;
+    loaded.writeAll();
+    std::filesystem::remove(loaded.folder / "targets.txt");  // of which the host is told
+    FailingHost host;
+    loaded.result = load(loaded.session, host);
+    expectError(loaded, "Out of memory: stats.txt", 0);
+}
+
+TEST(StatisticsFile, OfATerabyteIsAClearError)
+{
+    LoadedFolder loaded;
+    loaded.writeAll();
+    std::filesystem::resize_file(loaded.folder / "stats.txt", std::uintmax_t{1} << 40U);  // takes no room
+    loaded.run();
+    expectError(loaded, "File too large: stats.txt", 0);
+}
+
+TEST(CurrentUser, WithoutANickIsNobody)
+{
+    LoadedFolder loaded;
+    loaded.writeAll();
+    loaded.folder.write("curUser.dat", "\r\n");
+    loaded.run();
+    expectError(loaded, "Path not found", 0);
+    EXPECT_TRUE(loaded.session.userFolder.empty());
+    EXPECT_FALSE(loaded.folder.has("colors"));
+    loaded.folder.write("curUser.dat", "bob\r\n");
+    loaded.run({.user = ""});
+    expectError(loaded, "Path not found", 0);
+    EXPECT_FALSE(loaded.folder.has("colors"));
+}
+
+#ifndef _WIN32
+
+TEST(Pipe, InPlaceOfAFileIsAnErrorOrNoFileButNeverAHang)
+{
+    LoadedFolder loaded;
+    loaded.writeAll();
+    for (const char* name : {"bob/view.dat", "bob/names.dat", "bob/bugs.dat", "bob/colors/colors.ini"}) {
+        std::filesystem::create_directories((loaded.folder / name).parent_path());
+        test::makePipe((loaded.folder / name).string());
+    }
+    loaded.run();
+    EXPECT_EQ(loaded.result.error, "");
+    EXPECT_EQ(loaded.session.table.rowCount(), 54);
+    std::filesystem::remove(loaded.folder / "curUser.dat");
+    test::makePipe((loaded.folder / "curUser.dat").string());
+    loaded.run();
+    expectError(loaded, "Path/File access error: curUser.dat", 0);
+}
+
+#endif
 
 }  // namespace
 

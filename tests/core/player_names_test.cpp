@@ -1,6 +1,7 @@
 #include "core/player_names.h"
 
 #include "core/levels.h"
+#include "tests/support/error_of.h"
 #include "tests/support/program_folder_fixture.h"
 #include "tests/support/table_text.h"
 
@@ -88,6 +89,16 @@ TEST(PlayerNames, AreSavedAsThreeLines)
     session.state.Player2Name = "Good";
     saveNames(session);
     EXPECT_EQ(folder.read("names.dat"), "J\xFCrgen\r\nGood\r\nTeam\r\n");
+}
+
+TEST(PlayerNames, AreSavedNowhereWithoutAUser)
+{
+    const test::TemporaryFolder folder;
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    EXPECT_EQ(test::errorOf([] { saveNames(Session()); }), "Path not found: names.dat");
+    std::filesystem::current_path(before);
+    EXPECT_FALSE(folder.has("names.dat"));
 }
 
 }  // namespace

@@ -6,6 +6,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <vector>
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 
 namespace fs = std::filesystem;
 
@@ -84,6 +90,49 @@ TEST(ProgramFolder, IsMadeAndSuppliedInTheDataHome)
     EXPECT_FALSE(folder.has("data/kavo-timing/links.txt"));
 }
 
+TEST(ProgramFolder, IsCompleteAlsoAfterAFirstStartThatWasKilled)
+{
+    const TemporaryFolder folder;
+    folder.write("share/targets.txt", "t");
+    folder.write("share/links.txt", "l");
+    folder.write("data/.kavo-timing-new/targets.txt", "t");
+    folder.write("data/.kavo-timing-new/.kavo-0-1.tmp", "half");
+    ProgramFolderSources sources;
+    sources.executableFolder = kNoFolder;
+    sources.dataHome = (folder / "data").string();
+    sources.suppliedFiles = folder / "share";
+    EXPECT_EQ(findProgramFolder(sources), folder / "data/kavo-timing");
+    EXPECT_EQ(folder.read("data/kavo-timing/links.txt"), "l");
+    EXPECT_FALSE(folder.has("data/.kavo-timing-new"));
+}
+
+#ifndef _WIN32
+
+TEST(ProgramFolder, IsMadeByFirstStartsAtTheSameMoment)
+{
+    const TemporaryFolder folder;
+    folder.write("share/targets.txt", "t");
+    folder.write("share/links.txt", "l");
+    ProgramFolderSources sources;
+    sources.executableFolder = kNoFolder;
+    sources.dataHome = (folder / "data").string();
+    sources.suppliedFiles = folder / "share";
+    std::vector<pid_t> starts(4);
+    for (pid_t& start : starts) {
+        start = ::fork();
+        if (start == 0) ::_exit(errorOf(sources) == "no error" ? 0 : 1);
+    }
+    for (const pid_t start : starts) {
+        int status = -1;
+        ::waitpid(start, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(folder.read("data/kavo-timing/targets.txt"), "t");
+    EXPECT_EQ(folder.read("data/kavo-timing/links.txt"), "l");
+}
+
+#endif
+
 TEST(ProgramFolder, LiesInTheHomeByDefault)
 {
     const TemporaryFolder folder;
@@ -107,6 +156,23 @@ TEST(ProgramFolder, FailsWhereNoneCanBe)
 }
 
 #ifndef _WIN32
+TEST(ProgramFolder, IsNotFoundFromAWorkingFolderThatWasDeleted)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "gone");
+    const fs::path before = fs::current_path();
+    fs::current_path(folder / "gone");
+    fs::remove(folder / "gone");
+    ProgramFolderSources sources;
+    sources.option = "data";
+    const std::string error = errorOf(sources);
+    sources.option = folder.path().string();
+    const fs::path found = findProgramFolder(sources);
+    fs::current_path(before);
+    EXPECT_EQ(error, "Path not found: data");
+    EXPECT_EQ(found, folder.path());
+}
+
 /// Sets a variable of the environment for as long as it lives.
 class EnvironmentValue
 {

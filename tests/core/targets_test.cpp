@@ -1,6 +1,7 @@
 #include "core/targets.h"
 
 #include "base/run_time_error.h"
+#include "base/text.h"
 #include "tests/support/program_folder_fixture.h"
 
 #include <gtest/gtest.h>
@@ -135,6 +136,42 @@ TEST(LoadTargets, NamesTheFileThatIsTooShort)
     } catch (const RunTimeError& error) {
         EXPECT_STREQ(error.what(), "Input past end of file: targets.txt");
     }
+}
+
+/// 55 records with one of them replaced.
+std::string targetsWith(int record, const std::string& replacement)
+{
+    std::string text;
+    for (int i = 1; i <= kTotalsRow; ++i)
+        text += (i == record ? replacement : "00:10:00,00:20:00,00:30:00,00:40:00,00:50:00") + "\r\n";
+    return text;
+}
+
+TEST(AllTargets, AreThereInEveryFormThatPlayersHave)
+{
+    EXPECT_TRUE(holdsAllTargets(targetsWith(0, "")));
+    for (const char* record :
+         {"00.10.00,00.20.00,00.30.00,00.40.00,00.50.00", "\"00:10:00\", \"00:20:00\" ,00:30:00,00:40:00,00:50:00",
+          "0:10:00,0:20:00,0:30:00,0:40:00,0:50:00", "123:00:00,130:00:00,140:00:00,150:00:00,160:00:00",
+          "1:15:12:34,1:1:02:03,2:0:00:00,2:30:00:00,3:00:00:00", "00:10:00,,,,", "00:10:00,00:20:00,,,00:50:00",
+          "00:10:00\n00:20:00\n00:30:00\n00:40:00\n00:50:00"})
+        for (const int at : {1, 54, 55})
+            EXPECT_TRUE(holdsAllTargets(targetsWith(at, record))) << record << " at " << at;
+    std::string oneALine = replaceAll(targetsWith(0, ""), ",", "\n");
+    EXPECT_TRUE(holdsAllTargets(oneALine));
+    EXPECT_TRUE(holdsAllTargets(oneALine.substr(0, oneALine.size() - 2) + "\r\na 56th line\r\n"));
+}
+
+TEST(AllTargets, AreNotThereWhenOneOfThemIsNoTime)
+{
+    const std::string others = ",00:20:00,00:30:00,00:40:00,00:50:00";
+    for (const char* time : {"", "<html>", "0-", "SKIPPED", "012:34:5", "12:34", "00:1:00", "00:10:0", ":10:00",
+                             "-0:10:00", "00:10:00x", "00::10:00", "1:2:3:10:00", "1:00:10:", "00;10;00"})
+        for (const int at : {1, 54, 55}) EXPECT_FALSE(holdsAllTargets(targetsWith(at, time + others))) << time;
+    EXPECT_FALSE(holdsAllTargets(targetsWith(7, "00:10:00,00:20:00,x,00:40:00,00:50:00")));
+    EXPECT_FALSE(holdsAllTargets(""));
+    const std::string all = targetsWith(0, "");
+    EXPECT_FALSE(holdsAllTargets(all.substr(0, all.rfind(','))));
 }
 
 }  // namespace

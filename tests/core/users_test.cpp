@@ -22,6 +22,13 @@ TEST(Nick, HasAtMostTenCharactersAndMoreThanBlanks)
         EXPECT_FALSE(isNickAllowed(nick)) << nick;
 }
 
+TEST(Nick, ThatLogsInByItselfNamesAFolderToo)
+{
+    for (const char* nick : {"b", " bob", "ЖаннаЖанна", "..."}) EXPECT_TRUE(isNickForAutoLogin(nick)) << nick;
+    for (const char* nick : {"", "   ", "01234567890", ".", "..", "a/b", "a\\b"})
+        EXPECT_FALSE(isNickForAutoLogin(nick)) << nick;
+}
+
 TEST(Users, AreListedAsTheyStand)
 {
     const TemporaryFolder folder;
@@ -113,6 +120,18 @@ TEST(NewUser, IsNotMadeInAFolderThatIsThereWithoutFiles)
     EXPECT_FALSE(folder.has("users.dat"));
 }
 
+TEST(NewUser, IsNobodyOnlyBecauseAProgramWasKilledThere)
+{
+    const TemporaryFolder folder;
+    folder.write("bob/.kavo-0-1234.tmp", "half");
+    EXPECT_FALSE(createUserIfNew(folder.path(), "bob")) << "the folder is there";
+    EXPECT_FALSE(folder.has("users.dat"));
+    fs::create_directory(folder / "eve");
+    fs::create_symlink("loop", folder / "eve/loop");
+    EXPECT_FALSE(createUserIfNew(folder.path(), "eve"));
+    EXPECT_FALSE(createUserIfNew(folder.path(), "")) << "that would be the program folder";
+}
+
 TEST(NewUser, IsNotMadeWithANickThatNamesNoFolder)
 {
     const TemporaryFolder folder;
@@ -139,6 +158,7 @@ TEST(UserFolder, LiesInTheProgramFolder)
     EXPECT_EQ(userFolder(folder.path(), "bob"), folder / "Bob");
     EXPECT_EQ(userFolder(folder.path(), "eve"), folder / "eve");
     EXPECT_THROW(static_cast<void>(userFolder(folder.path(), "../x")), RunTimeError);
+    EXPECT_THROW(static_cast<void>(userFolder(folder.path(), "")), RunTimeError);
 }
 
 }  // namespace
