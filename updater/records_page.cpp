@@ -7,8 +7,6 @@
 #include "core/level_time.h"
 #include "core/targets.h"
 
-#include <optional>
-
 namespace fs = std::filesystem;
 
 namespace kavo {
@@ -63,12 +61,13 @@ std::string normalised(const std::string& time)
     return replaceAll(std::string(front) + time, ",", ":");
 }
 
-/// Targets that are about to be lost. A bad page that is read twice changes nothing the second time, and
-/// must not push the good targets out of the backup.
-std::optional<std::string> targetsToKeep(const fs::path& targets, std::string_view replacement)
+/// Keeps targets that are about to be lost. What a bad page has given never pushes good targets out of the
+/// backup, and the same targets once more are no loss.
+void keepFormerTargets(const fs::path& programFolder, std::string_view former, std::string_view replacement)
 {
-    auto former = readFileIfThere(targets);
-    return former == replacement ? std::nullopt : former;
+    const fs::path backup = locate(programFolder / "targets.bak");
+    if (former.empty() || former == replacement) return;
+    if (holdsAllTargets(former) || !fileExists(backup)) replaceFile(backup, former);
 }
 
 }  // namespace
@@ -120,18 +119,14 @@ void rewriteTargets(const fs::path& programFolder, const TargetRecords& records)
         parseFile(locate(programFolder / "targets_old.txt"),
                   [&records](std::string_view fixedTargets) { return joinTargets(records, fixedTargets); });
     const fs::path targets = targetsFile(programFolder);
-    const auto former = targetsToKeep(targets, content);
+    const std::string former = readFileIfThere(targets).value_or("");
     AtomicFile replacement(targets);
     replacement.write(content);
-    if (!former) {
-        replacement.commit();
-        return;
-    }
-    // Both are on the disk before either takes its place: no room for one of them leaves both as they were.
-    AtomicFile backup(locate(programFolder / "targets.bak"));
-    backup.write(*former);
+    // All of it is on the disk before anything is replaced, and the backup is in its place before the targets
+    // are: no room for one of them leaves the targets as they were, and nothing that happens loses both.
+    replacement.flush();
+    keepFormerTargets(programFolder, former, content);
     replacement.commit();
-    backup.commit();
 }
 
 }  // namespace kavo

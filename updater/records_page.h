@@ -31,9 +31,10 @@ using TargetRecords = OneBased<std::string, kTotalsRow>;
 /// Professional, Good, OK) that belongs to it. Throws RunTimeError(InputPastEnd) when lines are missing.
 [[nodiscard]] std::string joinTargets(const TargetRecords& records, std::string_view fixedTargets);
 
-/// Rewrites `targets.txt` from the records and `targets_old.txt`. The targets before are kept as
-/// `targets.bak`. Throws RunTimeError, with every file as it was: FileNotFound and InputPastEnd for
-/// `targets_old.txt`, and as AtomicFile does.
+/// Rewrites `targets.txt` from the records and `targets_old.txt`. Before that the former targets are kept as
+/// `targets.bak`, unless they are no times and would replace a backup. Throws RunTimeError, with
+/// `targets.txt` as it was: FileNotFound and InputPastEnd for `targets_old.txt`, and as reading and replacing
+/// files does.
 void rewriteTargets(const std::filesystem::path& programFolder, const TargetRecords& records);
 
 }  // namespace kavo

@@ -2,8 +2,10 @@
 
 #include "base/run_time_error.h"
 #include "base/text_file.h"
+#include "tests/support/error_of.h"
 #include "tests/support/places.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/trouble.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +14,7 @@
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
+using kavo::test::targetsText;
 using kavo::test::TemporaryFolder;
 
 namespace {
@@ -201,24 +204,49 @@ TEST(RewriteTargets, FormerTargetsAreKept)
 {
     const TemporaryFolder folder;
     folder.write("targets_old.txt", fixedTargets());
-    folder.write("targets.txt", "good\r\n");
+    folder.write("targets.txt", targetsText());
     folder.write("targets.bak", "older\r\n");
     kavo::rewriteTargets(folder.path(), {});
-    EXPECT_EQ(folder.read("targets.bak"), "good\r\n");
+    EXPECT_EQ(folder.read("targets.bak"), targetsText());
     EXPECT_TRUE(folder.read("targets.txt").starts_with(",fixed 1,x\r\n"));
     kavo::rewriteTargets(folder.path(), {});
-    EXPECT_EQ(folder.read("targets.bak"), "good\r\n") << "the same page once more must not lose the good targets";
+    EXPECT_EQ(folder.read("targets.bak"), targetsText()) << "the same page once more must not lose the good targets";
+}
+
+TEST(RewriteTargets, AnotherBadPageDoesNotPushGoodTargetsOutOfTheBackup)
+{
+    const TemporaryFolder folder;
+    folder.write("targets_old.txt", sampleFile("data/targets_old.txt"));
+    folder.write("targets.txt", targetsText());
+    for (const char* page : {"", "<html>Not found</html>", "align=\"right\">maintenance until tomorrow"}) {
+        kavo::rewriteTargets(folder.path(), kavo::worldRecords(kavo::cutRecordTimes(page)));
+        EXPECT_EQ(folder.read("targets.bak"), targetsText()) << page;
+        EXPECT_NE(folder.read("targets.txt"), targetsText()) << page;
+    }
+}
+
+TEST(RewriteTargets, TargetsOfAnyKindAreKeptWhereThereIsNoBackup)
+{
+    const TemporaryFolder folder;
+    folder.write("targets_old.txt", fixedTargets());
+    folder.write("targets.txt", "of my own\r\n");
+    kavo::rewriteTargets(folder.path(), {});
+    EXPECT_EQ(folder.read("targets.bak"), "of my own\r\n");
+    folder.write("targets.txt", "");
+    std::filesystem::remove(folder / "targets.bak");
+    kavo::rewriteTargets(folder.path(), {});
+    EXPECT_FALSE(folder.has("targets.bak")) << "there was nothing to keep";
 }
 
 TEST(RewriteTargets, FileNamesMatchWithoutRegardToCase)
 {
     const TemporaryFolder folder;
     folder.write("Targets_Old.TXT", fixedTargets());
-    folder.write("TARGETS.txt", "good\r\n");
+    folder.write("TARGETS.txt", targetsText());
     folder.write("Targets.BAK", "older\r\n");
     kavo::rewriteTargets(folder.path(), {});
     EXPECT_TRUE(folder.read("TARGETS.txt").starts_with(",fixed 1,x\r\n"));
-    EXPECT_EQ(folder.read("Targets.BAK"), "good\r\n");
+    EXPECT_EQ(folder.read("Targets.BAK"), targetsText());
     EXPECT_FALSE(folder.has("targets.txt"));
     EXPECT_FALSE(folder.has("targets.bak"));
 }
@@ -260,6 +288,42 @@ TEST(RewriteTargets, TargetsThatCannotBeReplacedKeepTheFormerBackup)
     EXPECT_THROW(kavo::rewriteTargets(folder.path(), {}), kavo::RunTimeError);
     EXPECT_EQ(folder.read("targets.bak"), "older\r\n");
 }
+
+#ifndef _WIN32
+
+TEST(RewriteTargets, NoRoomForOneOfTheTwoLeavesBothAsTheyWere)
+{
+    // 55 lines of ",fixed NN,x" are less than a kilobyte. The former targets are larger, and then smaller.
+    for (const std::string& former : {targetsText() + std::string(5000, ' '), targetsText()}) {
+        const TemporaryFolder folder;
+        folder.write("targets_old.txt", fixedTargets());
+        folder.write("targets.txt", former);
+        folder.write("targets.bak", "older\r\n");
+        {
+            const kavo::test::SmallDisk disk(former.size() > 5000 ? 2000 : 100);
+            EXPECT_THROW(kavo::rewriteTargets(folder.path(), {}), kavo::RunTimeError);
+        }
+        EXPECT_EQ(folder.read("targets.txt"), former);
+        EXPECT_EQ(folder.read("targets.bak"), "older\r\n");
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 3);
+    }
+}
+
+TEST(RewriteTargets, TargetsThatCannotBeReadAreNotReplaced)
+{
+    const TemporaryFolder folder;
+    folder.write("targets_old.txt", fixedTargets());
+    folder.write("targets.txt", targetsText());
+    fs::permissions(folder / "targets.txt", fs::perms{0200});
+    fs::permissions(folder.path(), fs::perms{0777});
+    EXPECT_EQ(
+        kavo::test::asStranger([&] { return kavo::test::errorOf([&] { kavo::rewriteTargets(folder.path(), {}); }); }),
+        "Path/File access error: targets.txt");
+    EXPECT_EQ(folder.read("targets.txt"), targetsText());
+    EXPECT_FALSE(folder.has("targets.bak"));
+}
+
+#endif
 
 TEST(RecordsPageAddress, IsMadeOfHostPathAndQuery)
 {
