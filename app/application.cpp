@@ -1,5 +1,6 @@
 #include "app/application.h"
 
+#include "base/run_time_error.h"
 #include "core/version.h"
 #include "forms/screen_text.h"
 
@@ -30,7 +31,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
 
 void Application::report(const std::exception& error)
 {
-    m_prompts->tell(activeWindow(), {.text = error.what(), .icon = MessageIcon::Critical});
+    m_prompts->tell(activeWindow(), {.text = inWords(error), .icon = MessageIcon::Critical});
 }
 
 }  // namespace kavo

@@ -3,13 +3,16 @@
 #include "base/run_time_error.h"
 #include "core/program_folder.h"
 #include "core/version.h"
+#include "forms/event_guard.h"
 #include "forms/screen_text.h"
 
 #include <QCommandLineParser>
 #include <QTimer>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
+#include <exception>
 #include <optional>
 #include <string_view>
 
@@ -85,9 +88,20 @@ std::string recordsHost(const Options& options)
     return kavo::fromScreen(named.isEmpty() ? qEnvironmentVariable("KAVO_RECORDS_HOST") : named);
 }
 
-}  // namespace
+int runProgram(kavo::Application& application, const Options& options)
+{
+    std::optional<std::string> folder;
+    if (options.parser.isSet(options.programFolder))
+        folder = kavo::fromScreen(options.parser.value(options.programFolder));
+    kavo::Program program(kavo::findProgramFolder(kavo::programFolderSources(folder)), application.prompts());
+    program.useRecordsHost(recordsHost(options));
+    if (options.parser.isSet(options.quitAfterFirstPaint))
+        QObject::connect(&program.mainWindow(), &Form1::painted, &application, &QCoreApplication::quit);
+    QTimer::singleShot(0, &program, [&program] { kavo::guarded([&program] { program.start(); }); });
+    return kavo::Application::exec();
+}
 
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
     Options options;
     if (asksOnly(argc, argv))  // answered without a display
@@ -95,17 +109,25 @@ int main(int argc, char** argv)
     kavo::Application application(argc, argv);  // takes Qt's own options out
     if (const auto status = answerAtOnce(options, kavo::Application::arguments())) return *status;
     try {
-        std::optional<std::string> folder;
-        if (options.parser.isSet(options.programFolder))
-            folder = kavo::fromScreen(options.parser.value(options.programFolder));
-        kavo::Program program(kavo::findProgramFolder(kavo::programFolderSources(folder)), application.prompts());
-        program.useRecordsHost(recordsHost(options));
-        if (options.parser.isSet(options.quitAfterFirstPaint))
-            QObject::connect(&program.mainWindow(), &Form1::painted, &application, &QCoreApplication::quit);
-        QTimer::singleShot(0, &program, &kavo::Program::start);
-        return kavo::Application::exec();
-    } catch (const kavo::RunTimeError& error) {
-        application.report(error);
+        return runProgram(application, options);
+    } catch (const std::exception& error) {
+        kavo::reportError(error);
+        return 1;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+#ifndef _WIN32
+    // Whoever reads a report from a pipe and goes away ends that report, not the program.
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+#endif
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& error) {
+        static_cast<void>(std::fprintf(stderr, "kavo-timing: %s\n", kavo::inWords(error).c_str()));
         return 1;
     }
 }

@@ -1,16 +1,17 @@
 #include "app/program.h"
 
-#include "forms/screen_text.h"
+#include "base/file_name.h"
 
 #include <QApplication>
+#include <QScopeGuard>
+
+#include <cstdio>
 
 namespace kavo {
 
 Program::Program(const std::filesystem::path& programFolder, Prompts& prompts)
-    : m_lock(pathToScreen(programFolder / "kavo-timing.lock"))
 {
     m_session.programFolder = programFolder;
-    m_lock.setStaleLockTime(0);
     const Services services{m_session, prompts, m_desktop, m_clock};
     m_login = std::make_unique<frmLogin>(services, *this);
     m_mainWindow = std::make_unique<Form1>(services, *this);
@@ -28,17 +29,22 @@ void Program::start()
 
 bool Program::isOnlyInstance()
 {
-    // A folder that cannot be written has no lock, and no settings that two programs could mix up.
-    return m_lock.isLocked() || m_lock.tryLock(0) || m_lock.error() != QLockFile::LockFailedError;
+    const bool isHeld = m_lock && m_lock->state() == FileLock::State::Held;
+    if (!isHeld) m_lock.emplace(m_session.programFolder / "kavo-timing.lock");
+    // Where there is no lock to be had the program runs: nobody may be locked out.
+    return m_lock->state() != FileLock::State::Busy;
 }
 
 void Program::showMain()
 {
     if (!isOnlyInstance()) {
+        const std::string folder = textOf(m_session.programFolder);
+        static_cast<void>(std::fprintf(stderr, "kavo-timing: already running on %s\n", folder.c_str()));
         quit();
         return;
     }
     m_splash = std::make_unique<frmSplash>();
+    const auto closeSplash = qScopeGuard([this] { m_splash->close(); });
     m_splash->show();
     m_login->hide();
     QApplication::processEvents();
@@ -47,7 +53,6 @@ void Program::showMain()
     m_splash->raise();
     m_mainWindow->open();
     QApplication::processEvents();
-    m_splash->close();
 }
 
 void Program::showLogin(const QString& nick, bool autoLogin)

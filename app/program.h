@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/file_lock.h"
 #include "core/session.h"
 #include "forms/desktop.h"
 #include "forms/services.h"
@@ -8,10 +9,9 @@
 #include "ui/navigator.h"
 #include "ui/settings/login_window.h"
 
-#include <QLockFile>
-
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace kavo {
 
@@ -49,7 +49,7 @@ private:
     Session m_session;
     SystemDesktop m_desktop;
     SystemClock m_clock;
-    QLockFile m_lock;  ///< of the program folder; a lock whose holder has died is taken over
+    std::optional<FileLock> m_lock;  ///< of the program folder, from the first login on
     std::unique_ptr<frmLogin> m_login;
     std::unique_ptr<Form1> m_mainWindow;
     std::unique_ptr<frmSplash> m_splash;

@@ -5,7 +5,14 @@
 
 namespace kavo {
 
-QString toScreen(std::string_view bytes)
+QString toScreen(std::string_view bytes, std::size_t longest)
+{
+    const std::string_view shown = firstCharacters(bytes, longest);
+    QString text = wholeToScreen(shown);
+    return shown.size() < bytes.size() ? text.append(QChar(0x2026)) : text;
+}
+
+QString wholeToScreen(std::string_view bytes)
 {
     return QString::fromStdString(toUtf8(bytes));
 }

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -9,8 +10,23 @@
 /// How the bytes of the files become text on the screen, and back.
 namespace kavo {
 
-/// Valid UTF-8 as it is; any other byte as its Windows-1252 character.
-[[nodiscard]] QString toScreen(std::string_view bytes);
+/// Characters that one line of text shows at most: more than the widest screen has room for, and than a path
+/// can have. Toolkits take minutes for a line of a million.
+inline constexpr std::size_t kLongestLine = 4096;
+
+/// The same for a caption that its window makes room for: about as many as a screen is wide.
+inline constexpr std::size_t kLongestCaption = 256;
+
+/// Characters that a box with many lines shows at most.
+inline constexpr std::size_t kLongestPage = 1'000'000;
+
+/// Valid UTF-8 as it is; any other byte as its Windows-1252 character. A text longer than `longest` characters
+/// is cut there, and an ellipsis tells so: whoever writes it back keeps the bytes.
+[[nodiscard]] QString toScreen(std::string_view bytes, std::size_t longest = kLongestLine);
+
+/// The same, however long the text is: for boxes in which it is edited.
+[[nodiscard]] QString wholeToScreen(std::string_view bytes);
+
 [[nodiscard]] QString pathToScreen(const std::filesystem::path& path);
 
 /// What the user typed, as UTF-8.

@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include <utility>
+
 namespace kavo {
 
 SecondaryWindow::SecondaryWindow(const Services& services, QWidget* parent) : QDialog(parent), m_services(services)
@@ -29,10 +31,10 @@ void SecondaryWindow::applyColours()
     paintWindow(*this, readWindowColours(currentUserFolder()));
 }
 
-void SecondaryWindow::reportOnceShown(const RunTimeError& error)
+void SecondaryWindow::reportOnceShown(std::exception_ptr error)
 {
-    QMetaObject::invokeMethod(
-        this, [error] { throw error; }, Qt::QueuedConnection);
+    const auto report = [error = std::move(error)] { guarded([&error] { std::rethrow_exception(error); }); };
+    QMetaObject::invokeMethod(this, report, Qt::QueuedConnection);
 }
 
 void SecondaryWindow::closeRequested()

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "base/run_time_error.h"
 #include "forms/services.h"
 
 #include <QDialog>
 
+#include <exception>
 #include <filesystem>
 
 namespace kavo {
@@ -31,7 +31,7 @@ protected:
     void applyColours();
 
     /// Reports an error of the loading once the window is on the screen with what could be read.
-    void reportOnceShown(const RunTimeError& error);
+    void reportOnceShown(std::exception_ptr error);
 
     /// What Escape does; by default the window closes.
     virtual void closeRequested();

@@ -49,25 +49,32 @@ struct SideMark
 constexpr std::array<SideMark, 3> kSides = {
     {{Side::Player1, "1%", "%player1%"}, {Side::Player2, "2%", "%player2%"}, {Side::Team, "t%", "%team%"}}};
 
+/// Most placeholders stand nowhere in a section: then nothing is copied.
+std::string replaced(std::string text, std::string_view placeholder, std::string_view value)
+{
+    if (text.find(placeholder) == std::string::npos) return text;
+    return replaceAll(text, placeholder, value);
+}
+
 std::string withDates(std::string text, const ReportDates& dates)
 {
-    text = replaceAll(text, "%date%", dates.date);
-    text = replaceAll(text, "%date_time%", dates.dateTime);
-    return replaceAll(text, "%time%", dates.time);
+    text = replaced(std::move(text), "%date%", dates.date);
+    text = replaced(std::move(text), "%date_time%", dates.dateTime);
+    return replaced(std::move(text), "%time%", dates.time);
 }
 
 template <std::size_t Count>
 std::string withCells(std::string text, const std::array<CellPlaceholder, Count>& placeholders,
                       const ResultsTable& table, int row)
 {
-    for (const auto& [name, column] : placeholders) text = replaceAll(text, name, table.text(row, column));
+    for (const auto& [name, column] : placeholders) text = replaced(std::move(text), name, table.text(row, column));
     return text;
 }
 
 std::string withCounts(std::string text, const ResultsState& state)
 {
     const auto put = [&text](std::string_view start, std::string_view mark, int number) {
-        text = replaceAll(text, std::string(start).append(mark), std::to_string(number));
+        text = replaced(std::move(text), std::string(start).append(mark), std::to_string(number));
     };
     for (const Grade& grade : grades())
         for (const SideMark& side : kSides)
@@ -79,7 +86,7 @@ std::string withCounts(std::string text, const ResultsState& state)
 
 std::string withNames(std::string text, const ResultsState& state)
 {
-    for (const SideMark& side : kSides) text = replaceAll(text, side.namePlaceholder, state.name(side.side));
+    for (const SideMark& side : kSides) text = replaced(std::move(text), side.namePlaceholder, state.name(side.side));
     return text;
 }
 

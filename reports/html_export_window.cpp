@@ -1,7 +1,6 @@
 #include "reports/html_export_window.h"
 
 #include "base/file_name.h"
-#include "base/run_time_error.h"
 #include "base/text_file.h"
 #include "core/session.h"
 #include "forms/event_guard.h"
@@ -149,7 +148,7 @@ void Form11::Command4_Click()
     try {
         kavo::exportHtml(session(), sections(), services().clock.now().toSecsSinceEpoch(),
                          typedPath(ui->Text1->text()));
-    } catch (const kavo::RunTimeError&) {
+    } catch (const std::exception&) {
         outcome = kFailed;  // whatever it was: the box says no more
     }
     services().prompts.tell(this, {.text = std::string(outcome)});

@@ -59,7 +59,7 @@ void Form10::Form_Load()
 void Form10::nameBars()
 {
     for (const int bar : {kavo::kPlayer1Bar, kavo::kPlayer2Bar}) {
-        const QString name = toScreen(kavo::barName(session().state, bar));
+        const QString name = toScreen(kavo::barName(session().state, bar), kavo::kLongestCaption);
         const Bar& controls = m_bars.at(static_cast<std::size_t>(bar));
         controls.name->setText(name);
         controls.bar->setAccessibleName(name);
@@ -72,7 +72,8 @@ void Form10::fillCombo()
 {
     QStringList names;
     for (int level = 1; level <= kavo::kLevels; ++level)
-        names << toScreen(kavo::listedLevelName(session().table.text(level, kavo::Column::Level)));
+        names << toScreen(kavo::listedLevelName(session().table.text(level, kavo::Column::Level)),
+                          kavo::kLongestCaption);
     // No item is chosen yet, so that choosing the first one shows it.
     const QSignalBlocker blocker(ui->Combo1);
     ui->Combo1->addItems(names << "Total Time");
@@ -115,7 +116,7 @@ void Form10::ShowLevel(int level)
     for (std::size_t i = 0; i < m_bars.size(); ++i) {
         m_bars.at(i).bar->setMaximum(shown.maximum);
         m_bars.at(i).bar->setValue(shown.bars.at(i).length);
-        m_bars.at(i).time->setText(toScreen(shown.bars.at(i).time));
+        m_bars.at(i).time->setText(toScreen(shown.bars.at(i).time, kavo::kLongestCaption));
     }
     m_places.AutoSwap(shown);
     placeBars();

@@ -2,6 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "forms/event_guard.h"
 #include "forms/screen_text.h"
 
 #include <QPlainTextEdit>
@@ -53,13 +54,13 @@ std::string typedBytes(QString text)
 
 SectionBox::SectionBox(QPlainTextEdit& box) : m_box(box)
 {
-    connect(&box, &QPlainTextEdit::textChanged, this, &SectionBox::takeEdit);
+    on(&box, &QPlainTextEdit::textChanged, this, &SectionBox::takeEdit);
 }
 
 void SectionBox::setBytes(std::string_view bytes)
 {
     const QSignalBlocker blocker(m_box);
-    m_box.setPlainText(toScreen(bytes).replace("\r\n", "\n"));
+    m_box.setPlainText(wholeToScreen(bytes).replace("\r\n", "\n"));
     m_bytes = bytes;
     m_text = m_box.document()->toRawText();
 }

@@ -15,7 +15,7 @@ namespace {
 /// A caption in which an ampersand is only that.
 QString plainCaption(const std::string& name)
 {
-    return kavo::toScreen(name).replace("&", "&&");
+    return kavo::toScreen(name, kavo::kLongestCaption).replace("&", "&&");
 }
 
 }  // namespace

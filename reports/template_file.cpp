@@ -64,7 +64,7 @@ TemplateSections loadTemplate(TemplateSections sections, std::string_view text)
     try {
         appendTemplate(sections, text);
         cutLineEnds(sections);
-    } catch (const RunTimeError&) {
+    } catch (const std::exception&) {
         // Silent on purpose: a damaged template shows in the sections, as far as it could be read.
     }
     return sections;
@@ -76,7 +76,7 @@ TemplateSections loadTemplateFile(TemplateSections sections, const std::filesyst
         if (fileExists(path)) appendTemplate(sections, readFile(path));
         // Also when nothing was read, on purpose.
         cutLineEnds(sections);
-    } catch (const RunTimeError&) {
+    } catch (const std::exception&) {
         // Silent on purpose, as above.
     }
     return sections;

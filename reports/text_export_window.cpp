@@ -85,8 +85,11 @@ void Form9::openReport(const std::filesystem::path& report)
 // Command3: delete the launcher and close
 void Form9::Command3_Click()
 {
-    std::error_code ignored;
-    std::filesystem::remove(launcher(), ignored);
+    try {
+        kavo::deleteFile(launcher());
+    } catch (const std::exception&) {
+        // The window closes whether or not it could be deleted.
+    }
     close();
 }
 

@@ -1,9 +1,15 @@
+#include "tests/support/trouble.h"
 #include "tests/support/window_fixture.h"
 
+#include <QComboBox>
 #include <QHeaderView>
 #include <QProcess>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTimer>
+
+#include <new>
+#include <stdexcept>
 
 namespace {
 
@@ -111,7 +117,11 @@ TEST_F(ProgramWindows, SecondProgramOnTheSameFolderEndsItself)
     kavo::Program second(folder.path(), noPrompts);
     QSignalSpy quits(qApp, &QCoreApplication::aboutToQuit);
     QTimer::singleShot(0, &second, &kavo::Program::start);
-    EXPECT_EQ(runUntilQuit(), 0);
+    testing::internal::CaptureStderr();
+    const int status = runUntilQuit();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "kavo-timing: already running on " + folder.path().string() + "\n");
+    EXPECT_EQ(status, 0);
     EXPECT_FALSE(second.mainWindow().isVisible());
     EXPECT_TRUE(folder.has("kavo-timing.lock"));
 }
@@ -126,6 +136,74 @@ TEST_F(ProgramWindows, LockOfACrashedProgramDoesNotKeepTheNextOneOut)
                  std::to_string(deadProcess) + "\nkavo-timing\n" + QSysInfo::machineHostName().toStdString() + "\n");
     startLoggedIn();
     EXPECT_TRUE(mainWindow().isVisible());
+}
+
+#ifndef Q_OS_WIN
+TEST_F(ProgramWindows, NobodyIsLockedOutByWhatStandsInTheLocksPlace)
+{
+    const std::string lock = (folder / "kavo-timing.lock").string();
+    const std::vector<std::function<void()>> obstacles = {
+        [this] { folder.write("kavo-timing.lock", ""); },
+        [this] { folder.write("kavo-timing.lock", "garbage\n"); },
+        [this] { folder.write("kavo-timing.lock", "1\nkavo-timing\nanother-machine\n"); },
+        [&lock] { std::filesystem::create_directory(lock); },
+        [&lock] { kavo::test::makePipe(lock); },
+        [&lock] { std::filesystem::create_symlink("/dev/zero", lock); },
+        [&lock] { std::filesystem::create_symlink("none/here", lock); },
+    };
+    for (const auto& makeObstacle : obstacles) {
+        makeObstacle();
+        startLoggedIn();
+        EXPECT_TRUE(mainWindow().isVisible());
+        program.reset();
+        std::filesystem::remove_all(lock);
+    }
+}
+#endif
+
+TEST_F(ProgramWindows, AnyErrorOfALoadingIsToldAndTheNextLoadingRuns)
+{
+    const std::string targets = folder.read("targets.txt");
+    std::filesystem::remove(folder / "targets.txt");
+    prompts.expectMessage({.text = std::string(kavo::messages::kMissingTargets), .icon = MessageIcon::Critical},
+                          [] { throw std::bad_alloc(); });
+    expectError("Out of memory: stats.txt");
+    startLoggedIn();
+    EXPECT_TRUE(mainWindow().isVisible());
+    EXPECT_EQ(list().model()->rowCount(), 0);
+    folder.write("targets.txt", targets);
+    QTest::keyClick(&list(), Qt::Key_F5);
+    EXPECT_EQ(list().model()->rowCount(), 55);
+    EXPECT_EQ(cell(55, 0), "TOTAL TIME:");
+}
+
+TEST_F(ProgramWindows, SplashDoesNotStayAloneAfterAnError)
+{
+    // Whatever fails behind the loading itself: here the box that tells of its error.
+    std::filesystem::remove_all(folder / "Marek");
+    const Message message{.text = "Path not found: Marek", .icon = MessageIcon::Critical};
+    prompts.expectMessage(message, [] { throw std::runtime_error("no box"); });
+    expectError("no box");
+    startLoggedIn();
+    EXPECT_TRUE(mainWindow().isVisible());
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_FALSE(window->objectName() == "frmSplash" && window->isVisible());
+}
+
+TEST_F(ProgramWindows, NamesWithoutAUserAreWrittenNowhere)
+{
+    std::filesystem::current_path(folder.path());
+    folder.write("curUser.dat", "\r\n");
+    start();
+    control<QComboBox>(loginWindow(), "Combo1").setEditText("..");
+    expectError("Path not found: ..");
+    click(control<QPushButton>(loginWindow(), "cmdOK"));
+    expectError("Path not found: names.dat");
+    emit list().header()->sectionClicked(0);
+    EXPECT_FALSE(folder.has("names.dat"));
+    EXPECT_FALSE(folder.has("view.dat"));
+    EXPECT_FALSE(folder.has("colors"));
+    std::filesystem::current_path("/");
 }
 
 TEST_F(ProgramWindows, TwoFoldersCanBeOpenAtOnce)

@@ -57,8 +57,8 @@ void frmAbout::Form_Load()
     try {
         showHistory();
         applyColours();
-    } catch (const kavo::RunTimeError& error) {
-        reportOnceShown(error);
+    } catch (const std::exception&) {
+        reportOnceShown(std::current_exception());
     }
     for (QLabel* link : {ui->Label1, ui->Label2, ui->Label3}) showAsLink(*link);
 }
@@ -66,7 +66,7 @@ void frmAbout::Form_Load()
 void frmAbout::showHistory()
 {
     const auto history = kavo::locate(session().programFolder / "history.txt");
-    ui->Text1->setPlainText(toScreen(kavo::readFile(history)));
+    ui->Text1->setPlainText(toScreen(kavo::readFile(history), kavo::kLongestPage));
 }
 
 // cmdOK: close the window
@@ -138,9 +138,10 @@ void frmAbout::showAsLink(QLabel& label)
 
 bool frmAbout::eventFilter(QObject* watched, QEvent* event)
 {
+    bool isHandled = false;
     for (QLabel* link : {ui->Label1, ui->Label2, ui->Label3})
-        if (watched == link && handleLinkEvent(*link, *event)) return true;
-    return SecondaryWindow::eventFilter(watched, event);
+        if (watched == link) kavo::guarded([&] { isHandled = handleLinkEvent(*link, *event); });
+    return isHandled || SecondaryWindow::eventFilter(watched, event);
 }
 
 bool frmAbout::handleLinkEvent(QLabel& label, QEvent& event)

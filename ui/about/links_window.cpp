@@ -36,8 +36,8 @@ void Form4::Form_Load()
     try {
         fillLists();
         applyColours();
-    } catch (const kavo::RunTimeError& error) {
-        reportOnceShown(error);
+    } catch (const std::exception&) {
+        reportOnceShown(std::current_exception());
     }
 }
 

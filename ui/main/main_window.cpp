@@ -1,5 +1,6 @@
 #include "ui/main/main_window.h"
 
+#include "base/run_time_error.h"
 #include "core/filters.h"
 #include "core/player_names.h"
 #include "core/users.h"
@@ -12,12 +13,16 @@
 #include "ui/main/results_delegate.h"
 #include "ui_main_window.h"
 
+#include <QCloseEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <utility>
 
 using kavo::toScreen;
@@ -27,17 +32,24 @@ namespace {
 constexpr const char* kEmptyTableHint =
     "No results yet.\nF2 chooses the game's stats.txt, the right mouse button opens the menu.";
 
+std::unique_ptr<Ui::Form1> designed(QWidget* window)
+{
+    auto ui = std::make_unique<Ui::Form1>();
+    ui->setupUi(window);
+    return ui;
+}
+
 }  // namespace
 
 Form1::Form1(const kavo::Services& services, kavo::Navigator& navigator)
-    : ui(std::make_unique<Ui::Form1>()),
+    : ui(designed(this)),
       m_services(services),
       m_navigator(navigator),
       m_model(services.session),
+      m_layout(*this, *ui->lv, services.session),
       m_createSpreadsheet(kavo::openSpreadsheetApplication),
       popup(std::make_unique<QMenu>("PopUp", this))
 {
-    ui->setupUi(this);
     ui->lv->setModel(&m_model);
     ui->lv->setItemDelegate(new kavo::ResultsDelegate(this));
     ui->lv->header()->setSectionsClickable(true);
@@ -61,7 +73,7 @@ void Form1::wire()
 
 void Form1::open()
 {
-    Form_Load();
+    kavo::guarded([this] { Form_Load(); });  // the window comes whatever happens
     show();
     activateWindow();
 }
@@ -88,16 +100,14 @@ void Form1::Form_Load()
 
 kavo::LoadingResult Form1::runLoading()
 {
-    m_isLoading = true;
+    const QScopedValueRollback loading(m_isLoading, true);
     LayoutLoaded = false;
-    if (!isVisible()) applyDesignedLayout();
+    if (!isVisible()) m_layout.applyDesigned();
     const int scrolled = ui->lv->verticalScrollBar()->value();
-    m_model.beginChange();
-    kavo::LoadingResult result = kavo::load(m_services.session, *this);
-    m_model.endChange();
-    m_isLoading = false;
-    ui->lv->verticalScrollBar()->setValue(scrolled);
-    return result;
+    // The position counts again once the list knows its rows.
+    const auto scrollBack = qScopeGuard([this, scrolled] { ui->lv->verticalScrollBar()->setValue(scrolled); });
+    const kavo::TableChange change(m_model);
+    return kavo::load(m_services.session, *this);
 }
 
 void Form1::showLoaded(const kavo::LoadingResult& result)
@@ -107,8 +117,8 @@ void Form1::showLoaded(const kavo::LoadingResult& result)
     kavo::paintTable(*this, *ui->lv, session.colours);
     showFontSize(session.fontSize);
     showSelectedRow();
-    if (result.end == kavo::LoadingEnd::Completed) applyFinalPlace();
-    keepOnScreen();
+    if (result.end == kavo::LoadingEnd::Completed) m_layout.applyFinalPlace();
+    m_layout.keepOnScreen();
     if (result.end == kavo::LoadingEnd::Error) {
         emit aboutToPrompt();
         m_services.prompts.tell(boxParent(), {.text = result.error, .icon = kavo::MessageIcon::Critical});
@@ -117,9 +127,10 @@ void Form1::showLoaded(const kavo::LoadingResult& result)
 
 void Form1::showFontSize(double points)
 {
-    constexpr double kLargest = 200;  // points; anything larger hides the table
+    constexpr double kSmallest = 1;   // points; anything smaller is no text
+    constexpr double kLargest = 200;  // anything larger hides the table
     QFont font("Microsoft Sans Serif");
-    font.setPointSizeF(std::min(points, kLargest));
+    font.setPointSizeF(std::clamp(points, kSmallest, kLargest));
     ui->lv->setFont(font);
 }
 
@@ -146,19 +157,27 @@ QWidget* Form1::boxParent()
 
 void Form1::showMessage(const kavo::Message& message)
 {
-    m_model.endChange();
+    const kavo::TableChange::Pause pause(m_model);
     emit aboutToPrompt();
     m_services.prompts.tell(boxParent(), message);
-    m_model.beginChange();
 }
 
 kavo::AfterOptions Form1::openOptions()
 {
-    m_model.endChange();
+    const kavo::TableChange::Pause pause(m_model);
     emit aboutToPrompt();
     mnuOpt_Click();
-    m_model.beginChange();
     return m_reloadWanted ? kavo::AfterOptions::Abandon : kavo::AfterOptions::GoOn;
+}
+
+void Form1::applyLayout(const std::vector<double>& values)
+{
+    m_layout.apply(values);
+}
+
+void Form1::layoutLoaded()
+{
+    LayoutLoaded = true;
 }
 
 void Form1::filter(kavo::FilterSide side, std::string_view name)
@@ -255,4 +274,52 @@ void Form1::askName(kavo::Column column)
         m_services.prompts.askLine(this, {isTeam ? "Change team name" : "Change player name",
                                           isTeam ? "Input team name:" : "Input player name:", toScreen(*name)});
     if (answer && !answer->isEmpty()) *name = kavo::fromScreen(*answer, *name);
+}
+
+// Form: place and size. They are written at every step of a resize, and flushed once, when the window closes
+// or loads anew.
+void Form1::saveLayout(kavo::Flush flush)
+{
+    try {
+        m_layout.save(flush);
+        m_layoutFailed = false;
+    } catch (const std::exception& error) {
+        // Every step of a resize comes here: the user is told once.
+        if (std::exchange(m_layoutFailed, true)) return;
+        m_services.prompts.tell(boxParent(), {.text = kavo::inWords(error), .icon = kavo::MessageIcon::Critical});
+    }
+}
+
+void Form1::Form_Resize()
+{
+    if (LayoutLoaded) saveLayout(kavo::Flush::Later);
+}
+
+void Form1::Form_MouseUp()
+{
+    saveLayout(kavo::Flush::Later);
+}
+
+void Form1::Form_QueryUnload()
+{
+    saveLayout(kavo::Flush::ToDisk);
+}
+
+void Form1::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    kavo::guarded([this] { Form_Resize(); });
+}
+
+void Form1::mouseReleaseEvent(QMouseEvent* event)
+{
+    QWidget::mouseReleaseEvent(event);
+    kavo::guarded([this] { Form_MouseUp(); });
+}
+
+void Form1::closeEvent(QCloseEvent* event)
+{
+    kavo::guarded([this] { Form_QueryUnload(); });
+    event->accept();
+    emit closed();
 }

@@ -2,9 +2,9 @@
 
 #include "core/filters.h"
 #include "core/loading.h"
-#include "core/window_layout.h"
 #include "forms/services.h"
 #include "reports/spreadsheet.h"
+#include "ui/main/layout_keeper.h"
 #include "ui/main/results_model.h"
 #include "ui/navigator.h"
 
@@ -99,12 +99,8 @@ private:
     void applyLayout(const std::vector<double>& values) override;
     void layoutLoaded() override;
 
-    // Window layout (main_window_layout.cpp)
-    [[nodiscard]] kavo::WindowLayout currentLayout() const;
-    void applyDesignedLayout();
-    void applyFinalPlace();
-    void keepOnScreen();
-    void saveLayout();
+    // Window layout
+    void saveLayout(kavo::Flush flush);
     void Form_Resize();
     void Form_MouseUp();
     void Form_QueryUnload();
@@ -122,6 +118,7 @@ private:
     kavo::Services m_services;
     kavo::Navigator& m_navigator;
     kavo::ResultsModel m_model;
+    kavo::LayoutKeeper m_layout;
     kavo::CreateSpreadsheet m_createSpreadsheet;
     std::unique_ptr<QMenu> popup;
     bool LayoutLoaded = false;  ///< from then on resizing is the user's and is kept

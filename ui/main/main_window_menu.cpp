@@ -1,6 +1,7 @@
 // What the entries of the main window's menu do.
 
 #include "core/users.h"
+#include "forms/event_guard.h"
 #include "forms/screen_text.h"
 #include "reports/html_export_window.h"
 #include "reports/level_statistics_window.h"
@@ -42,22 +43,22 @@ void Form1::mnuUpTargets_Click()
 void Form1::mnuBUGs_Click()
 {
     Form8 window(m_services, this);
-    connect(&window, &Form8::saved, this, &Form1::reload);
+    kavo::on(&window, &Form8::saved, this, &Form1::reload);
     window.exec();
 }
 
 void Form1::mnuOpt_Click()
 {
     Form2 window(m_services, boxParent());
-    connect(&window, &Form2::saved, this, &Form1::reload);
+    kavo::on(&window, &Form2::saved, this, &Form1::reload);
     window.exec();
 }
 
 void Form1::mnuFont_Click()
 {
     Form3 window(m_services, this);
-    connect(&window, &Form3::saved, this, &Form1::reload);
-    connect(&window, &Form3::fontSizeChosen, this, &Form1::setFontSize);
+    kavo::on(&window, &Form3::saved, this, &Form1::reload);
+    kavo::on(&window, &Form3::fontSizeChosen, this, &Form1::setFontSize);
     window.exec();
 }
 

@@ -46,7 +46,7 @@ void removeAll(QListWidget& list)
 QString captionFor(const std::string& player)
 {
     // A frame takes "&" for the mark of an access key.
-    return "List of bug-times for " + toScreen(player).replace('&', "&&");
+    return "List of bug-times for " + toScreen(player, kavo::kLongestCaption).replace('&', "&&");
 }
 
 }  // namespace

@@ -14,11 +14,16 @@
 #include <algorithm>
 
 using kavo::fromScreen;
-using kavo::toScreen;
 
 namespace {
 
-constexpr int kDesignedTop = 160;  // pixels
+constexpr int kDesignedTop = 160;           // pixels
+constexpr std::size_t kMostNicks = 10'000;  // listed; any other can be typed
+
+QString onScreen(const std::string& nick)
+{
+    return kavo::toScreen(nick, kavo::kLongestCaption);
+}
 
 }  // namespace
 
@@ -44,7 +49,8 @@ void frmLogin::Form_Load()
 {
     try {
         fillControls();
-        if (ui->Check1->isChecked()) {
+        // A nick that could not be logged in with OK waits for the user, whose files stay as they are.
+        if (ui->Check1->isChecked() && kavo::isNickForAutoLogin(nick())) {
             cmdOK_Click();
             return;
         }
@@ -60,13 +66,14 @@ void frmLogin::fillControls()
 {
     const auto& folder = m_services.session.programFolder;
     m_knownNicks = kavo::readUsers(folder);
+    m_knownNicks.resize(std::min(m_knownNicks.size(), kMostNicks));
     ui->Combo1->clear();
-    for (const std::string& known : m_knownNicks) ui->Combo1->addItem(toScreen(known));
+    for (const std::string& known : m_knownNicks) ui->Combo1->addItem(onScreen(known));
     ui->Combo1->setCurrentIndex(-1);
     ui->Combo1->clearEditText();
     ui->Check1->setChecked(false);
     if (const auto current = kavo::readCurrentUserIfThere(folder)) {
-        ui->Combo1->setEditText(toScreen(*current));
+        ui->Combo1->setEditText(onScreen(*current));
         m_knownNicks.push_back(*current);
     }
     ui->Check1->setChecked(kavo::readAutoLogin(folder) == kavo::kAutoLogin);
@@ -98,7 +105,7 @@ std::string frmLogin::nick() const
 {
     const QString text = ui->Combo1->currentText();
     const auto shown = std::find_if(m_knownNicks.begin(), m_knownNicks.end(),
-                                    [&text](const std::string& known) { return toScreen(known) == text; });
+                                    [&text](const std::string& known) { return onScreen(known) == text; });
     return shown == m_knownNicks.end() ? fromScreen(text) : *shown;
 }
 

@@ -1,7 +1,6 @@
 #include "ui/settings/options_window.h"
 
 #include "base/file_name.h"
-#include "base/run_time_error.h"
 #include "base/text_file.h"
 #include "core/session.h"
 #include "forms/event_guard.h"
@@ -48,7 +47,7 @@ void Form2::Form_Load()
             m_shown = kavo::parseSettingsLeniently(*text, m_shown);
         showSettings();
         applyColours();
-    } catch (const kavo::RunTimeError&) {
+    } catch (const std::exception&) {
         // Whatever cannot be read keeps its designed value: this is the window that mends settings.
     }
 }
@@ -135,7 +134,7 @@ void Form2::keepFirstResults(const kavo::Settings& settings)
 {
     try {
         kavo::keepFirstResults(currentUserFolder(), kavo::locateTyped(session().programFolder, settings.statsPath));
-    } catch (const kavo::RunTimeError&) {
+    } catch (const std::exception&) {
         // The settings are written by now; the window stays, with the path to be mended at hand.
         ui->Text1->setFocus();
         ui->Text1->selectAll();
@@ -162,7 +161,7 @@ void Form2::Command5_Click()
 {
     try {
         kavo::deleteFile(kavo::previousResultsFile(currentUserFolder()));
-    } catch (const kavo::RunTimeError&) {
+    } catch (const std::exception&) {
         // The message is shown whether or not anything was deleted.
     }
     services().prompts.tell(this, {.text = std::string(kavo::messages::kPreviousResultsCleared),

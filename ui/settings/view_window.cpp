@@ -90,9 +90,9 @@ void Form3::upgradeColours()
 {
     try {
         kavo::upgradeColours(m_userFolder);
-    } catch (const kavo::RunTimeError& error) {
+    } catch (const std::exception& error) {
         // The window is of use without it: nothing else writes at opening.
-        services().prompts.tell(this, {.text = error.what(), .icon = kavo::MessageIcon::Critical});
+        services().prompts.tell(this, {.text = kavo::inWords(error), .icon = kavo::MessageIcon::Critical});
     }
 }
 

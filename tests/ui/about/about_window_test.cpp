@@ -3,6 +3,7 @@
 #include "forms/window_painting.h"
 #include "tests/support/patience.h"
 #include "tests/support/recording_desktop.h"
+#include "tests/support/trouble.h"
 #include "tests/support/window_fixture.h"
 #include "ui/about/links_window.h"
 #include "ui/about/splash_window.h"
@@ -145,6 +146,34 @@ TEST_F(AboutWindows, AboutWithoutItsHistoryReportsThatAndStays)
     EXPECT_EQ(text("lblVersion"), "Version 2.1 build 73");
     click(control<QPushButton>(*window, "cmdOK"));
     EXPECT_FALSE(window->isVisible());
+}
+
+#ifndef Q_OS_WIN
+TEST_F(AboutWindows, PipesInPlaceOfTheirFilesAreReportedAtOnce)
+{
+    for (const char* name : {"history.txt", "links.txt"}) {
+        std::filesystem::remove(folder / name);
+        kavo::test::makePipe((folder / name).string());
+    }
+    expectError("Path/File access error: history.txt");
+    open<frmAbout>();
+    waitForReport();
+    expectError("Path/File access error: links.txt");
+    open<Form4>();
+    waitForReport();
+}
+#endif
+
+TEST_F(AboutWindows, HistoryIsShownAsFarAsABoxCanShowIt)
+{
+    folder.write("history.txt", std::string(1'000'000, 'x'));
+    open<frmAbout>();
+    EXPECT_EQ(control<QPlainTextEdit>(*window, "Text1").toPlainText().size(), 1'000'000);
+    folder.write("history.txt", std::string(3'000'000, 'x'));
+    open<frmAbout>();
+    const QString shown = control<QPlainTextEdit>(*window, "Text1").toPlainText();
+    EXPECT_EQ(shown.size(), 1'000'001);
+    EXPECT_TRUE(shown.endsWith(QString::fromUtf8("x…")));
 }
 
 TEST_F(AboutWindows, AboutWithoutACurrentUserShowsItsHistory)

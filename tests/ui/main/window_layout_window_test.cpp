@@ -1,3 +1,4 @@
+#include "base/atomic_file.h"
 #include "tests/support/window_fixture.h"
 
 #include <QScreen>
@@ -157,6 +158,41 @@ TEST_F(WindowLayout, FailedWriteIsToldOnce)
     for (int width = 500; width < 520; ++width) mainWindow().resize(width, 400);
     EXPECT_TRUE(prompts.isDone());
     EXPECT_TRUE(folder.has("Marek/view.dat/in the way"));
+}
+
+TEST_F(WindowLayout, StepsOfAResizeLeaveNothingBehind)
+{
+    startLoggedIn();
+    for (int width = 500; width < 520; ++width) {
+        mainWindow().resize(width, 400);
+        EXPECT_EQ(lines().at(3), QString(" %1 ").arg(width * 15));
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder / "Marek"))
+        EXPECT_FALSE(kavo::isTemporaryName(entry.path())) << entry.path();
+}
+
+TEST_F(WindowLayout, FileThatHasGoneMeanwhileComesBackAtTheClosing)
+{
+    startLoggedIn();
+    mainWindow().resize(500, 400);
+    forget();
+    QTimer::singleShot(0, &mainWindow(), &QWidget::close);
+    qApp->exec();
+    EXPECT_EQ(lines().mid(2, 2), QStringList({" 6000 ", " 7500 "}));
+}
+
+TEST_F(WindowLayout, ErrorsOfAnyKindAreToldOnce)
+{
+    startLoggedIn();
+    std::filesystem::remove_all(folder / "Marek");
+    folder.write("Marek", "a file");
+    for (int width = 500; width < 520; ++width) mainWindow().resize(width, 400);  // nothing to write into
+    std::filesystem::remove(folder / "Marek");
+    std::filesystem::create_directory(folder / "Marek");
+    std::filesystem::create_symlink("view.dat", folder / kFile);  // a loop
+    expectError("Path/File access error: view.dat");
+    for (int width = 520; width < 540; ++width) mainWindow().resize(width, 400);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / kFile));
 }
 
 }  // namespace

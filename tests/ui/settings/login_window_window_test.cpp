@@ -209,4 +209,36 @@ TEST_F(LoginWindow, EscapeAndCancelEndTheProgramWithoutWriting)
     }
 }
 
+TEST_F(LoginWindow, AutoLoginWithANickThatOkRefusesWaitsForTheUser)
+{
+    for (const char* nick : {"", "   ", "01234567890", "..", "a/b"}) {
+        const std::string current = std::string(nick) + "\r\n";
+        folder.write("curUser.dat", current);
+        folder.write("autolog.dat", " 1 \r\n");
+        const std::string users = folder.read("users.dat");
+        start();
+        EXPECT_TRUE(loginWindow().isVisible()) << nick;
+        EXPECT_FALSE(mainWindow().isVisible()) << nick;
+        EXPECT_TRUE(autoLogin().isChecked()) << nick;
+        EXPECT_EQ(folder.read("curUser.dat"), current);
+        EXPECT_EQ(folder.read("autolog.dat"), " 1 \r\n");
+        EXPECT_EQ(folder.read("users.dat"), users);
+        EXPECT_FALSE(folder.has("colors")) << nick;
+        program.reset();
+    }
+}
+
+TEST_F(LoginWindow, ListsNoMoreNicksThanAnybodyScrolls)
+{
+    std::string users;
+    for (int i = 0; i < 20'000; ++i) users += "bob\r\n";
+    folder.write("users.dat", users);
+    start();
+    EXPECT_EQ(nick().count(), 10'000);
+    type("Marek");
+    click(ok());
+    EXPECT_TRUE(mainWindow().isVisible());
+    EXPECT_EQ(folder.read("users.dat"), users);
+}
+
 }  // namespace

@@ -349,4 +349,16 @@ TEST_F(OptionsWindow, WrongFileAgainAfterSaveOpensItAgain)
     EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n 2 \r\nfriend/stats.txt\r\nGood\r\n 9 \r\n");
 }
 
+TEST_F(OptionsWindow, PathTooLongForItsBoxIsWrittenBackWhole)
+{
+    const std::string path(50'000, 'p');
+    folder.write("Marek/data.ini", path + "\r\n 1 \r\n" + path + "\r\n\r\n 8 \r\n");
+    folder.write("Marek/1res.old", statisticsText());
+    look([](const QWidget& window) {
+        EXPECT_EQ(line(window, "Text1").text().size(), 4097);  // and an ellipsis
+        press(window, "Command3");
+    });
+    EXPECT_EQ(folder.read("Marek/data.ini"), path + "\r\n 1 \r\n" + path + "\r\n\r\n 8 \r\n");
+}
+
 }  // namespace

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/atomic_file.h"
+#include "core/window_layout.h"
+
+#include <string>
+#include <vector>
+
+class QTreeView;
+class QWidget;
+
+namespace kavo {
+
+struct Session;
+
+/// Place, size and column widths of the main window, and `view.dat`, which keeps them for the user.
+class LayoutKeeper final
+{
+public:
+    LayoutKeeper(QWidget& window, QTreeView& list, const Session& session);
+
+    /// The layout of a user who has no file.
+    void applyDesigned();
+
+    /// The values of the file, as far as it holds them.
+    void apply(const std::vector<double>& values);
+
+    /// What every loading ends with: whatever the file said, only the left edge, the widths and the columns
+    /// carry over.
+    void applyFinalPlace();
+
+    /// Brings back a window whose screen has gone.
+    void keepOnScreen();
+
+    /// Rewrites the file when something has changed since, or when it still has to be flushed. Does nothing as
+    /// long as there is no user with a folder. Throws as reading and replacing files do.
+    void save(Flush flush);
+
+private:
+    [[nodiscard]] WindowLayout current() const;
+
+    QWidget& m_window;
+    QTreeView& m_list;
+    const Session& m_session;
+    bool m_isFlushed = true;  ///< what was saved is on the disk itself
+};
+
+}  // namespace kavo
