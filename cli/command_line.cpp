@@ -6,7 +6,7 @@
 #include "cli/option_parser.h"
 #include "core/version.h"
 
-#include <new>
+#include <algorithm>
 
 namespace kavo {
 
@@ -62,7 +62,7 @@ int runCommandLine(int argc, const char* const* argv, const CommandStreams& stre
     Output out(streams.out);
     Messages messages(streams.error);
     try {
-        const ExitStatus status = runCall({argv + 1, argv + argc}, streams, out, messages);
+        const ExitStatus status = runCall({argv + std::min(argc, 1), argv + argc}, streams, out, messages);
         out.flush();
         return status;
     } catch (const OutputClosed&) {
@@ -70,11 +70,8 @@ int runCommandLine(int argc, const char* const* argv, const CommandStreams& stre
     } catch (const UsageError& error) {
         messages.tell(error.what());
         return kUsageError;
-    } catch (const std::bad_alloc&) {
-        messages.tell("Out of memory");
-        return kEndedEarly;
     } catch (const std::exception& error) {
-        messages.tell(error.what());
+        messages.tell(inWords(error));
         return kEndedEarly;
     }
 }

@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::string_view kStandardInput = "-";
 
+constexpr std::size_t kLargestPage = std::size_t{4} << 20U;  ///< bytes, as in the updater's window
+
+/// Everything up to the end, if that comes.
 std::string readAll(std::FILE* in)
 {
     constexpr std::size_t kReadSize = 1U << 16U;
@@ -21,8 +24,9 @@ std::string readAll(std::FILE* in)
         text.resize(before + kReadSize);
         got = std::fread(text.data() + before, 1, kReadSize, in);
         text.resize(before + got);
+        if (text.size() > kLargestPage) throw RunTimeError(Failure::FileTooLarge, "standard input");
     }
-    if (std::ferror(in) != 0) throw RunTimeError(Failure::PathFileAccess);
+    if (std::ferror(in) != 0) throw RunTimeError(Failure::PathFileAccess, "standard input");
     return text;
 }
 
@@ -38,7 +42,9 @@ public:
     ExitStatus run(const CommandContext& context) override
     {
         const auto folder = context.programFolder();
-        const std::string page = m_page == kStandardInput ? readAll(context.in) : readFile(locate(pathOf(m_page)));
+        const std::string page = m_page == kStandardInput
+                                     ? readAll(context.in)
+                                     : std::string(readContent(locate(pathOf(m_page)), kLargestPage).view());
         rewriteTargets(folder, worldRecords(cutRecordTimes(page)));
         return kDone;
     }

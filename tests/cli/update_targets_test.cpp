@@ -1,9 +1,12 @@
 #include "base/text_file.h"
 #include "tests/support/command_line.h"
 #include "tests/support/places.h"
+#include "tests/support/trouble.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -71,6 +74,38 @@ TEST(UpdateTargets, MissingFixedTargetsEndWithAnErrorAndTouchNothing)
     EXPECT_EQ(outcome.status, 1);
     EXPECT_NE(outcome.error.find("targets_old.txt"), std::string::npos) << outcome.error;
     EXPECT_EQ(folder.read("targets.txt"), "good\r\n");
+}
+
+TEST(UpdateTargets, PageWithoutAnEndIsAnErrorAndTouchesNothing)
+{
+    const TemporaryFolder folder;
+    fill(folder);
+    folder.write("targets.txt", "good\r\n");
+    const auto folderOption = folder.path().string();
+    const std::vector<const char*> argv = {"kavo-timing-cli", "--program-folder", folderOption.c_str(),
+                                           "update-targets",  "--page",           "-"};
+    std::FILE* endless = std::fopen("/dev/zero", "rb");
+    const kavo::test::StreamFile error;
+    const int status = kavo::runCommandLine(static_cast<int>(argv.size()), argv.data(),
+                                            {.in = endless, .out = stdout, .error = error.file(), .terminal = {}});
+    std::fclose(endless);
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(error.content(), "kavo-timing-cli: File too large: standard input\n");
+    EXPECT_EQ(folder.read("targets.txt"), "good\r\n");
+}
+
+TEST(UpdateTargets, PageOfATerabyteOrInPlaceOfAPageAPipeIsAnErrorAtOnce)
+{
+    const TemporaryFolder folder;
+    fill(folder);
+    folder.write("page.html", "");
+    fs::resize_file(folder / "page.html", std::uintmax_t{1} << 40U);  // takes no room
+    kavo::test::makePipe((folder / "pipe.html").string());
+    EXPECT_EQ(run(folder, {"--page", (folder / "page.html").string()}).error,
+              "kavo-timing-cli: File too large: page.html\n");
+    EXPECT_EQ(run(folder, {"--page", (folder / "pipe.html").string()}).error,
+              "kavo-timing-cli: Path/File access error: pipe.html\n");
+    EXPECT_FALSE(folder.has("targets.txt"));
 }
 
 TEST(UpdateTargets, NeedsAPage)
