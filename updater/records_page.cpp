@@ -92,6 +92,18 @@ RecordTimes cutRecordTimes(std::string_view page)
     return times;
 }
 
+bool holdsAllTimes(std::string_view page)
+{
+    std::size_t from = 0;
+    for (int level = 1; level <= kLevels; ++level) {
+        const std::size_t marker = page.find(kMarker, from);
+        if (marker == std::string_view::npos) return false;
+        from = marker + kMarker.size();
+    }
+    constexpr char kTag = '<';
+    return page.find(kTag, from) != std::string_view::npos;
+}
+
 TargetRecords worldRecords(const RecordTimes& times)
 {
     TargetRecords records;

@@ -24,6 +24,9 @@ using TargetRecords = OneBased<std::string, kTotalsRow>;
 /// not checked: each is whatever stands where the time should.
 [[nodiscard]] RecordTimes cutRecordTimes(std::string_view page);
 
+/// Whether the page goes on beyond the last of its 54 times: one that was cut off before its end does not.
+[[nodiscard]] bool holdsAllTimes(std::string_view page);
+
 /// The times as MM:SS:HH, and their sum as record 55.
 [[nodiscard]] TargetRecords worldRecords(const RecordTimes& times);
 

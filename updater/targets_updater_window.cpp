@@ -5,8 +5,8 @@
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
 #include "ui_targets_updater_window.h"
+#include "updater/http_transfer.h"
 #include "updater/records_page.h"
-#include "updater/transfer.h"
 
 #include <QCloseEvent>
 #include <QTimer>
@@ -23,7 +23,7 @@ constexpr const char* kOperation = "GET /";
 }  // namespace
 
 Form7::Form7(const kavo::Services& services, QWidget* parent)
-    : Form7(services, std::make_unique<kavo::HttpTransfer>(), kParsingDelay, parent)
+    : Form7(services, std::make_unique<kavo::HttpTransfer>(kavo::holdsAllTimes), kParsingDelay, parent)
 {
 }
 
@@ -105,6 +105,7 @@ void Form7::inet1_StateChanged(int state)
     if (state == kavo::TransferState::ResponseCompleted) collectPage();
     if (state == kavo::TransferState::Error)
         services().prompts.tell(this, {std::string(kavo::messages::kTransferError)});
+    if (!isVisible()) return;  // closed with the box: nothing is to be written then
     takeProgressStep();
     if (!inet1->stillExecuting()) endDownload();
 }

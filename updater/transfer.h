@@ -1,14 +1,8 @@
 #pragma once
 
 #include <QByteArray>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QObject>
-#include <QTimer>
 #include <QUrl>
-
-#include <chrono>
-#include <memory>
 
 namespace kavo {
 
@@ -39,51 +33,6 @@ public:
 
 signals:
     void stateChanged(int state);
-};
-
-/// What a server may ask of our patience and memory.
-struct TransferLimits
-{
-    std::chrono::milliseconds silence = std::chrono::seconds(30);  ///< without a byte from the server
-    std::chrono::milliseconds whole = std::chrono::minutes(5);     ///< for everything, however it trickles
-    qsizetype bodySize = 4 * 1024 * 1024;                          ///< a longer body is an error
-    int redirects = 5;                                             ///< followed at most; never from https to http
-};
-
-/// Over HTTP or HTTPS. A status of 400 and above, a bad certificate and an incomplete body are errors.
-class HttpTransfer final : public Transfer
-{
-    Q_OBJECT
-
-public:
-    explicit HttpTransfer(const TransferLimits& limits = {});
-    ~HttpTransfer() override;
-
-    void execute(const QUrl& url, const QString& operation) override;
-    bool stillExecuting() const override { return m_reply != nullptr; }
-    QByteArray getChunk(qsizetype size) override;
-    void cancel() override;
-
-private:
-    struct DeleteLater
-    {
-        void operator()(QNetworkReply* reply) const { reply->deleteLater(); }
-    };
-
-    [[nodiscard]] QNetworkRequest requestFor(const QUrl& url) const;
-    void wireReply();
-    void reach(int state);
-    void readBody();
-    void abort();
-    void finish();
-
-    TransferLimits m_limits;
-    QNetworkAccessManager m_manager;
-    std::unique_ptr<QNetworkReply, DeleteLater> m_reply;
-    QTimer m_patience;
-    QByteArray m_body;
-    qsizetype m_taken = 0;  ///< bytes of the body handed over
-    int m_state = 0;
 };
 
 }  // namespace kavo

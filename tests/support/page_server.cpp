@@ -8,9 +8,16 @@
 #include <QSslCertificate>
 #include <QSslKey>
 #include <QSslServer>
+#include <QTimer>
 
 #include <stdexcept>
 #include <utility>
+
+#ifdef _WIN32
+#include <winsock2.h>
+#else
+#include <sys/socket.h>
+#endif
 
 namespace kavo::test {
 
@@ -70,6 +77,80 @@ PageServer::Answer always(const QByteArray& bytes)
         socket.write(bytes);
         socket.disconnectFromHost();
     };
+}
+
+namespace {
+
+/// Ends the connection so that the other side is told of an error.
+void reset(QTcpSocket& socket)
+{
+    linger withoutGoodbye{};
+    withoutGoodbye.l_onoff = 1;
+    ::setsockopt(static_cast<int>(socket.socketDescriptor()), SOL_SOCKET, SO_LINGER,
+                 reinterpret_cast<const char*>(&withoutGoodbye), sizeof withoutGoodbye);
+    socket.abort();
+}
+
+/// Sends pieces[next] and what follows it.
+void sendFrom(QTcpSocket& socket, const QByteArrayList& pieces, qsizetype next, Ending ending)
+{
+    if (next < pieces.size()) {
+        socket.write(pieces.at(next));
+        socket.flush();
+        QTimer::singleShot(0, &socket, [=, &socket] { sendFrom(socket, pieces, next + 1, ending); });
+        return;
+    }
+    switch (ending) {
+    case Ending::Close: socket.disconnectFromHost(); break;
+    case Ending::Reset: reset(socket); break;
+    case Ending::Stay: break;
+    }
+}
+
+}  // namespace
+
+PageServer::Answer inPieces(const QByteArrayList& pieces, Ending ending)
+{
+    return [=](QTcpSocket& socket, const QByteArray&) { sendFrom(socket, pieces, 0, ending); };
+}
+
+PageServer::Answer byteByByte(const QByteArray& bytes, Ending ending)
+{
+    QByteArrayList pieces;
+    for (const char byte : bytes) pieces << QByteArray(1, byte);
+    return inPieces(pieces, ending);
+}
+
+PageServer::Answer repeating(const QByteArray& start, const QByteArray& bytes, std::chrono::milliseconds interval)
+{
+    constexpr qint64 kEnoughWaiting = 1024 * 1024;
+    return [=](QTcpSocket& socket, const QByteArray&) {
+        socket.write(start);
+        auto* timer = new QTimer(&socket);
+        QObject::connect(timer, &QTimer::timeout, &socket, [&socket, bytes] {
+            if (socket.bytesToWrite() < kEnoughWaiting) socket.write(bytes);
+        });
+        timer->start(interval);
+    };
+}
+
+PageServer::Answer redirecting(const QByteArray& page, const QByteArray& base)
+{
+    return [=](QTcpSocket& socket, const QByteArray& head) {
+        const int left = head.split(' ').at(1).mid(1).toInt();
+        const QByteArray next = "Location: " + base + "/" + QByteArray::number(left - 1) + "\r\n";
+        socket.write(left == 0 ? response(page) : response("moved", "302 Found", next));
+    };
+}
+
+QByteArray inChunks(const QByteArray& body, qsizetype size)
+{
+    QByteArray chunks;
+    for (qsizetype at = 0; at < body.size(); at += size) {
+        const QByteArray chunk = body.mid(at, size);
+        chunks += QByteArray::number(chunk.size(), 16) + "\r\n" + chunk + "\r\n";
+    }
+    return chunks + "0\r\n\r\n";
 }
 
 quint16 closedPort()

@@ -6,6 +6,7 @@
 #include <QTcpSocket>
 #include <QUrl>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -47,6 +48,25 @@ private:
 
 /// Answers every request with the same bytes and ends the connection.
 [[nodiscard]] PageServer::Answer always(const QByteArray& bytes);
+
+/// How a connection goes on when everything is sent.
+enum class Ending { Close, Reset, Stay };
+
+/// Sends one piece after the other, each with a turn of the event loop for itself.
+[[nodiscard]] PageServer::Answer inPieces(const QByteArrayList& pieces, Ending ending);
+
+/// The same, byte by byte.
+[[nodiscard]] PageServer::Answer byteByByte(const QByteArray& bytes, Ending ending);
+
+/// Sends `start`, and then `bytes` again every `interval` as long as the connection lasts.
+[[nodiscard]] PageServer::Answer repeating(const QByteArray& start, const QByteArray& bytes,
+                                           std::chrono::milliseconds interval);
+
+/// Redirects "/N" to "/N-1" below `base`, and answers "/0" with `page`.
+[[nodiscard]] PageServer::Answer redirecting(const QByteArray& page, const QByteArray& base = "");
+
+/// A body in chunks of this many bytes, the last chunk and the empty line behind it included.
+[[nodiscard]] QByteArray inChunks(const QByteArray& body, qsizetype size = 1000);
 
 /// A port of 127.0.0.1 that nobody listens on.
 [[nodiscard]] quint16 closedPort();

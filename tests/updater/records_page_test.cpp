@@ -325,6 +325,18 @@ TEST(RewriteTargets, TargetsThatCannotBeReadAreNotReplaced)
 
 #endif
 
+TEST(RecordsPage, HoldsAllTimesWhenItGoesOnBehindTheLastOne)
+{
+    const std::string page = pageOf("12,34", "1:23,45");
+    EXPECT_TRUE(kavo::holdsAllTimes(page));
+    const auto lastTime = page.rfind("1:23,45");
+    EXPECT_TRUE(kavo::holdsAllTimes(page.substr(0, lastTime + 8)));
+    EXPECT_FALSE(kavo::holdsAllTimes(page.substr(0, lastTime + 7)));
+    EXPECT_FALSE(kavo::holdsAllTimes(page.substr(0, page.rfind("align"))));
+    EXPECT_FALSE(kavo::holdsAllTimes(""));
+    EXPECT_TRUE(kavo::holdsAllTimes(sampleFile("tests/data/records_page.html")));
+}
+
 TEST(RecordsPageAddress, IsMadeOfHostPathAndQuery)
 {
     EXPECT_EQ(kavo::recordsPageAddress(""), "http://records.example.com/records_kavo_wrs.php?mode=text");

@@ -1,128 +1,26 @@
-#include "updater/targets_updater_window.h"
+#include "tests/updater/updater_window_fixture.h"
 
-#include "base/text_file.h"
-#include "forms/screen_text.h"
-#include "tests/support/page_server.h"
-#include "tests/support/places.h"
-#include "tests/support/recording_desktop.h"
-#include "tests/support/window_fixture.h"
-#include "updater/transfer.h"
-
-#include <QLabel>
-#include <QNetworkProxy>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTimer>
 #include <QTreeView>
 
 #include <vector>
 
 namespace {
 
-using kavo::Message;
 using kavo::MessageIcon;
-using kavo::toScreen;
 using kavo::test::always;
+using kavo::test::kTransferFailed;
 using kavo::test::PageServer;
 using kavo::test::response;
+using kavo::test::sample;
+using kavo::test::samplePage;
+using kavo::test::sampleTargets;
+using kavo::test::ShownStatus;
+using kavo::test::targetsWithoutTimes;
+using kavo::test::waitUntil;
 using namespace std::chrono_literals;
 
-const Message kError{"Error"};
-
-std::string sample(const char* name)
+class UpdaterWindow : public kavo::test::UpdaterWindowTest
 {
-    return kavo::readFile(kavo::test::sourceFolder() / name);
-}
-
-QByteArray samplePage()
-{
-    return QByteArray::fromStdString(sample("tests/data/records_page.html"));
-}
-
-/// What a page without a marker leaves: no times, and a total of nothing.
-std::string targetsWithoutTimes()
-{
-    const QByteArrayList fixed = QByteArray::fromStdString(sample("data/targets_old.txt")).split('\n');
-    std::string text;
-    for (int i = 0; i < 55; ++i) text += (i == 54 ? "00:00:00," : ",") + fixed.at(i).trimmed().toStdString() + "\r\n";
-    return text;
-}
-
-/// A status text, and the bar's value while it was shown.
-struct Shown
-{
-    QString text;
-    int progress;
-    bool operator==(const Shown&) const = default;
-};
-
-void PrintTo(const Shown& shown, std::ostream* out)
-{
-    *out << qPrintable(shown.text) << " at " << shown.progress;
-}
-
-/// Notes every status text that was really painted.
-class StatusRecord final : public QObject
-{
-public:
-    StatusRecord(QLabel& label, QProgressBar& bar) : m_label(label), m_bar(bar) { label.installEventFilter(this); }
-
-    [[nodiscard]] const std::vector<Shown>& shown() const { return m_shown; }
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        const bool isNew = m_shown.empty() || m_shown.back().text != m_label.text();
-        if (event->type() == QEvent::Paint && isNew) m_shown.push_back({m_label.text(), m_bar.value()});
-        return false;
-    }
-
-private:
-    QLabel& m_label;
-    QProgressBar& m_bar;
-    std::vector<Shown> m_shown;
-};
-
-class UpdaterWindow : public kavo::test::ProgramTest
-{
-protected:
-    UpdaterWindow()
-    {
-        QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
-        session.programFolder = folder.path();
-    }
-
-    void open(const kavo::TransferLimits& limits = {})
-    {
-        window = std::make_unique<Form7>(services, std::make_unique<kavo::HttpTransfer>(limits), 20ms, nullptr);
-        status = std::make_unique<StatusRecord>(control<QLabel>(*window, "Label1"), bar());
-        window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    }
-
-    void pressUpdate(const PageServer& server)
-    {
-        session.recordsHost = server.host().toStdString();
-        click(update());
-    }
-
-    /// Waits for the end of an update: the button can be pressed again.
-    void waitForEnd()
-    {
-        ASSERT_TRUE(QTest::qWaitFor([this] { return update().isEnabled(); }, 15000));
-    }
-
-    QPushButton& update() { return control<QPushButton>(*window, "Command2"); }
-    QPushButton& closeButton() { return control<QPushButton>(*window, "Command1"); }
-    QProgressBar& bar() { return control<QProgressBar>(*window, "pgb"); }
-    QString statusText() { return control<QLabel>(*window, "Label1").text(); }
-
-    kavo::Session session;
-    kavo::test::RecordingDesktop desktop;
-    kavo::SystemClock clock;
-    kavo::Services services{session, prompts, desktop, clock};
-    std::unique_ptr<Form7> window;
-    std::unique_ptr<StatusRecord> status;
 };
 
 TEST_F(UpdaterWindow, HasItsCaptionAndControls)
@@ -139,9 +37,8 @@ TEST_F(UpdaterWindow, HasItsCaptionAndControls)
     EXPECT_EQ(closeButton().text(), "Close");
     EXPECT_TRUE(update().isDefault());
     EXPECT_EQ(window->focusWidget(), &update());
-    const auto* timer1 = window->findChild<QTimer*>("Timer1");
-    EXPECT_EQ(timer1->interval(), 5000);
-    EXPECT_FALSE(timer1->isActive());
+    EXPECT_EQ(timer1().interval(), 5000);
+    EXPECT_FALSE(timer1().isActive());
     const auto* timer2 = window->findChild<QTimer*>("Timer2");
     EXPECT_EQ(timer2->interval(), 1000);
     EXPECT_FALSE(timer2->isActive());
@@ -161,17 +58,18 @@ TEST_F(UpdaterWindow, UpdatesTheTargetsInEightSteps)
     // The request may be on its way, which is a step, before the window first waits for it.
     const int waitingFrom = status->shown().at(2).progress;
     EXPECT_TRUE(waitingFrom == 1 || waitingFrom == 2) << waitingFrom;
-    const std::vector<Shown> expected = {{"Update process:", 0},  {"Connecting...", 0},   {"Getting...", waitingFrom},
-                                         {"Disconnecting...", 5}, {"Forming file...", 6}, {"Copying file...", 7},
-                                         {"Finished!", 8}};
+    const std::vector<ShownStatus> expected = {
+        {"Update process:", 0},  {"Connecting...", 0},   {"Getting...", waitingFrom},
+        {"Disconnecting...", 5}, {"Forming file...", 6}, {"Copying file...", 7},
+        {"Finished!", 8}};
     EXPECT_EQ(status->shown(), expected);
     EXPECT_EQ(bar().maximum(), 8);
     EXPECT_EQ(bar().value(), 8);
-    EXPECT_EQ(folder.read("targets.txt"), sample("tests/data/records_page_targets.txt"));
+    EXPECT_EQ(folder.read("targets.txt"), sampleTargets());
     EXPECT_EQ(folder.read("targets.bak"), former);
     EXPECT_EQ(folder.read("targets_old.txt"), sample("data/targets_old.txt"));
     EXPECT_EQ(server.requests(), QStringList("GET /records_kavo_wrs.php?mode=text HTTP/1.1"));
-    EXPECT_FALSE(window->findChild<QTimer*>("Timer1")->isActive());
+    EXPECT_FALSE(timer1().isActive());
 }
 
 TEST_F(UpdaterWindow, SecondRunStillTakesTheFirstPage)
@@ -185,7 +83,7 @@ TEST_F(UpdaterWindow, SecondRunStillTakesTheFirstPage)
     EXPECT_EQ(bar().value(), 1);
     waitForEnd();
     EXPECT_EQ(second.requests().size(), 1);
-    EXPECT_EQ(folder.read("targets.txt"), sample("tests/data/records_page_targets.txt"));
+    EXPECT_EQ(folder.read("targets.txt"), sampleTargets());
 
     open();  // a new window starts with an empty page
     pressUpdate(second);
@@ -198,7 +96,7 @@ TEST_F(UpdaterWindow, TransferErrorIsToldAndTheParsingStillRuns)
     const std::string former = folder.read("targets.txt");
     const PageServer server(always(response("<td align=\"right\">12,34</td>", "404 Not Found")));
     open();
-    prompts.expectMessage(kError, [this] { EXPECT_EQ(statusText(), "Getting..."); });
+    prompts.expectMessage(kTransferFailed, [this] { EXPECT_EQ(statusText(), "Getting..."); });
     pressUpdate(server);
     waitForEnd();
     EXPECT_TRUE(prompts.isDone());
@@ -215,10 +113,10 @@ TEST_F(UpdaterWindow, ErrorAfterASuccessParsesWhatThereIs)
     open();
     pressUpdate(good);
     waitForEnd();
-    prompts.expectMessage(kError);
+    prompts.expectMessage(kTransferFailed);
     pressUpdate(bad);
     waitForEnd();
-    EXPECT_EQ(folder.read("targets.txt"), sample("tests/data/records_page_targets.txt"));
+    EXPECT_EQ(folder.read("targets.txt"), sampleTargets());
 }
 
 TEST_F(UpdaterWindow, PageWithoutMarkersIsWrittenAsItIs)
@@ -239,15 +137,15 @@ TEST_F(UpdaterWindow, MissingFixedTargetsEndTheUpdateBeforeTheTargets)
     prompts.expectMessage({"File not found: targets_old.txt", "NRL Kavo Timing", MessageIcon::Critical});
     pressUpdate(server);
     waitForEnd();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return prompts.isDone(); }));
+    EXPECT_TRUE(waitUntil([this] { return prompts.isDone(); }));
     EXPECT_EQ(statusText(), "Copying file...");
     EXPECT_EQ(folder.read("targets.txt"), former);
     EXPECT_FALSE(folder.has("targets.bak"));
-    EXPECT_FALSE(window->findChild<QTimer*>("Timer1")->isActive());
+    EXPECT_FALSE(timer1().isActive());
     folder.write("targets_old.txt", sample("data/targets_old.txt"));
     pressUpdate(server);
     waitForEnd();
-    EXPECT_EQ(folder.read("targets.txt"), sample("tests/data/records_page_targets.txt"));
+    EXPECT_EQ(folder.read("targets.txt"), sampleTargets());
 }
 
 /// Answers with the start of a page, and never with its end.
@@ -263,7 +161,7 @@ TEST_F(UpdaterWindow, ClosesAtOnceDuringADownload)
         const PageServer server(startOnly);
         open();
         pressUpdate(server);
-        ASSERT_TRUE(QTest::qWaitFor([this] { return bar().value() == 3; }, 15000));
+        ASSERT_TRUE(waitUntil([this] { return bar().value() == 3; }));
         EXPECT_EQ(statusText(), "Getting...");
         if (byKey) {
             QTest::keyPress(window.get(), Qt::Key_Escape);
@@ -273,56 +171,11 @@ TEST_F(UpdaterWindow, ClosesAtOnceDuringADownload)
             click(closeButton());
         }
         EXPECT_FALSE(window->isVisible());
-        EXPECT_TRUE(QTest::qWaitFor([&server] { return server.disconnections() == 1; }, 15000));
+        EXPECT_TRUE(waitUntil([&server] { return server.disconnections() == 1; }));
         window.reset();
         QTest::qWait(50);  // longer than the parsing would have waited
         EXPECT_EQ(folder.read("targets.txt"), former);
         EXPECT_FALSE(folder.has("targets.bak"));
-    }
-}
-
-TEST_F(UpdaterWindow, ClosesBeforeTheParsing)
-{
-    const std::string former = folder.read("targets.txt");
-    const PageServer server(always(response(samplePage())));
-    open();
-    auto* timer1 = window->findChild<QTimer*>("Timer1");
-    timer1->setInterval(60s);
-    pressUpdate(server);
-    ASSERT_TRUE(QTest::qWaitFor([timer1] { return timer1->isActive(); }, 15000));
-    EXPECT_EQ(statusText(), "Getting...");
-    EXPECT_EQ(bar().value(), 5);
-    click(closeButton());
-    EXPECT_FALSE(timer1->isActive());
-    EXPECT_EQ(folder.read("targets.txt"), former);
-}
-
-TEST_F(UpdaterWindow, BrokenServersEndInAnErrorAndTheWindowLivesOn)
-{
-    const kavo::TransferLimits impatient{.silence = 200ms, .whole = 5s};
-    const PageServer::Answer answers[] = {
-        [](QTcpSocket&, const QByteArray&) {},
-        startOnly,
-        [](QTcpSocket& socket, const QByteArray&) { socket.abort(); },
-        always("no server at all"),
-        always(response("", "500 Internal Server Error")),
-        always(response("", "302 Found", "Location: /again\r\n")),
-        always("HTTP/1.1 200 OK\r\nContent-Length: 9000000\r\n\r\n" + QByteArray(5000000, 'x')),
-    };
-    for (const auto& answer : answers) {
-        const PageServer server(answer);
-        open(impatient);
-        prompts.expectMessage(kError);
-        pressUpdate(server);
-        int turns = 0;  // of the event loop: the window stays responsive
-        QTimer pulse;
-        QObject::connect(&pulse, &QTimer::timeout, [&turns] { ++turns; });
-        pulse.start(1ms);
-        waitForEnd();
-        EXPECT_GT(turns, 3);
-        EXPECT_TRUE(prompts.isDone());
-        EXPECT_EQ(statusText(), "Finished!");
-        EXPECT_EQ(folder.read("targets.txt"), targetsWithoutTimes());
     }
 }
 
@@ -380,12 +233,12 @@ TEST_F(UpdaterWindow, ProgramFetchesFromTheHostItWasTold)
         updater.findChild<QTimer*>("Timer1")->setInterval(0ms);
         click(control<QPushButton>(updater, "Command2"));
         const auto& label = control<QLabel>(updater, "Label1");
-        EXPECT_TRUE(QTest::qWaitFor([&label] { return label.text() == "Finished!"; }, 15000));
+        EXPECT_TRUE(waitUntil([&label] { return label.text() == "Finished!"; }));
         updater.close();
     });
     mainWindow().mnuUpTargets_Click();
     EXPECT_EQ(server.requests().size(), 1);
-    EXPECT_EQ(folder.read("targets.txt"), sample("tests/data/records_page_targets.txt"));
+    EXPECT_EQ(folder.read("targets.txt"), sampleTargets());
 }
 
 }  // namespace
