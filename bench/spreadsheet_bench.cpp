@@ -36,7 +36,7 @@ Session demoSession(const test::TemporaryFolder& folder)
 double measuredExport(const test::TemporaryFolder& folder, const Session& session)
 {
     Clock::time_point answered;
-    ExportExcel(session.table, session.state, session.colours, "20.11.2026", [&] {
+    ExportExcel(session.table, session.state, session.colours, "20.11.2026", [&](const std::stop_token&) {
         auto sheet = test::headlessOffice(test::officeModule(), folder.path());
         answered = Clock::now();
         return sheet;

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string_view>
 #include <variant>
 
@@ -34,7 +35,7 @@ struct CellFont
 
 /// A running spreadsheet application of the user's, as far as an export needs it. It belongs to the user
 /// and outlives this object and the program. Rows and columns are numbered from 1. Every operation
-/// throws a std::exception when the application refuses it or is gone.
+/// throws a std::exception when the application refuses it or is gone, or was asked to stop.
 class Spreadsheet
 {
 public:
@@ -56,8 +57,9 @@ public:
     virtual void autoFitColumns(int first, int last) = 0;
 };
 
-/// The first operation: creates an instance of the application. Never null; throws a std::exception
-/// when there is none.
-using CreateSpreadsheet = std::function<std::unique_ptr<Spreadsheet>()>;
+/// The first operation: creates an instance of the application, which may take long. Never null; throws a
+/// std::exception when there is none, and soon after `stop` has been asked for. It, the instance and its end
+/// belong to one thread.
+using CreateSpreadsheet = std::function<std::unique_ptr<Spreadsheet>(std::stop_token stop)>;
 
 }  // namespace kavo

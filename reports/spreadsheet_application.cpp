@@ -19,8 +19,9 @@ namespace kavo {
 
 #ifdef _WIN32
 
-std::unique_ptr<Spreadsheet> openSpreadsheetApplication()
+std::unique_ptr<Spreadsheet> openSpreadsheetApplication(const std::stop_token&)
 {
+    // The system starts it and cannot be told to stop; whoever asked for that looks next.
     return std::make_unique<ExcelSpreadsheet>();
 }
 
@@ -42,12 +43,12 @@ void* moduleEntry(const fs::path& module, const char* name)
     return entry;
 }
 
-std::unique_ptr<Spreadsheet> openSpreadsheetApplication()
+std::unique_ptr<Spreadsheet> openSpreadsheetApplication(const std::stop_token& stop)
 {
     for (const fs::path& module : modulePlaces(executableFolder())) {
         if (!fileExists(module)) continue;
         const auto create = reinterpret_cast<CreateEntry>(moduleEntry(module, kCreateEntry));
-        std::unique_ptr<Spreadsheet> spreadsheet(create());
+        std::unique_ptr<Spreadsheet> spreadsheet(create(stop));
         if (!spreadsheet) throw std::runtime_error("the office cannot be started");
         return spreadsheet;
     }

@@ -9,8 +9,8 @@
 namespace kavo {
 
 /// The spreadsheet application of this platform: Excel on Windows, elsewhere LibreOffice Calc. Nothing of
-/// it is loaded before this is called. Throws a std::exception when there is none.
-[[nodiscard]] std::unique_ptr<Spreadsheet> openSpreadsheetApplication();
+/// it is loaded before this is called. Throws a std::exception when there is none, and when `stop` is asked for.
+[[nodiscard]] std::unique_ptr<Spreadsheet> openSpreadsheetApplication(const std::stop_token& stop);
 
 /// Where LibreOffice's module is looked for, in this order, given the folder of the executable.
 [[nodiscard]] std::vector<std::filesystem::path> modulePlaces(const std::filesystem::path& executableFolder);

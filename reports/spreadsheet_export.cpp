@@ -6,6 +6,7 @@
 
 #include <array>
 #include <exception>
+#include <stdexcept>
 
 namespace kavo {
 
@@ -87,16 +88,17 @@ struct Victories
 class Export final
 {
 public:
-    Export(Spreadsheet& sheet, const ResultsTable& table, const ResultsState& state, const ColourSet& colours)
-        : m_sheet(sheet), m_table(table), m_state(state), m_colours(colours)
+    Export(Spreadsheet& sheet, const std::stop_token& stop, const ResultsTable& table, const ResultsState& state,
+           const ColourSet& colours)
+        : m_sheet(sheet), m_stop(stop), m_table(table), m_state(state), m_colours(colours)
     {
     }
 
     void run(std::string_view shortDate)
     {
-        m_sheet.makeVisible();
-        m_sheet.setSheetsInNewWorkbook(1);
-        m_sheet.addWorkbook();
+        sheet().makeVisible();
+        sheet().setSheetsInNewWorkbook(1);
+        sheet().addWorkbook();
         writeHeaders();
         for (int row = 1; row <= kTotalsRow; ++row) writeRow(row);
         writeTeamTimes();
@@ -104,20 +106,27 @@ public:
         for (int row = 1; row <= kTotalsRow; ++row) writeTeamGrade(row);
         writeTitle(shortDate);
         writeSummary(victories);
-        m_sheet.autoFitColumns(1, kSheetColumns);
+        sheet().autoFitColumns(1, kSheetColumns);
     }
 
 private:
+    /// For the next operation.
+    Spreadsheet& sheet()
+    {
+        if (m_stop.stop_requested()) throw std::runtime_error("the export was cancelled");
+        return m_sheet;
+    }
+
     void writeText(int row, int column, std::string_view text)
     {
-        if (!text.empty()) m_sheet.setCellValue(row, column, PlainText{toUtf8(text)});
+        if (!text.empty()) sheet().setCellValue(row, column, PlainText{toUtf8(text)});
     }
 
     void writeTime(int row, int column, std::string_view time)
     {
         const std::string text = spreadsheetForm(time);
         if (looksLikeTime(text) && !text.empty())
-            m_sheet.setCellValue(row, column, TypedText{text});
+            sheet().setCellValue(row, column, TypedText{text});
         else
             writeText(row, column, text);
     }
@@ -154,7 +163,7 @@ private:
     {
         const std::optional<Colour>& colour = m_table.cell(row, column).colour;
         if (!colour || *colour == m_colours.ColText || *colour == kWhite) return;
-        m_sheet.setCellFont(sheetRow(row), sheetColumn(column), {.colour = colour});
+        sheet().setCellFont(sheetRow(row), sheetColumn(column), {.colour = colour});
     }
 
     /// Whether a filter has blanked the row. One that a short table does not have is no such row: it
@@ -185,7 +194,7 @@ private:
         for (int row = 1; row <= kTotalsRow; ++row) {
             // A tie is the second player's, and so is a blanked row: the texts count as they stand.
             const bool isFirst = isFirstFaster(m_table, row);
-            m_sheet.setCellFont(sheetRow(row), sheetColumn(isFirst ? Column::Time1 : Column::Time2), {.bold = true});
+            sheet().setCellFont(sheetRow(row), sheetColumn(isFirst ? Column::Time1 : Column::Time2), {.bold = true});
             if (row != kTotalsRow) ++(isFirst ? victories.player1 : victories.player2);
         }
         return victories;
@@ -202,14 +211,14 @@ private:
             writeText(sheetRow(row), column, grade.name);
             if (grade.colour != nullptr) font.colour = m_colours.*grade.colour;
         }
-        m_sheet.setCellFont(sheetRow(row), column, font);
-        m_sheet.setCellFont(sheetRow(row), sheetColumn(Column::Team), {.bold = true});
+        sheet().setCellFont(sheetRow(row), column, font);
+        sheet().setCellFont(sheetRow(row), sheetColumn(Column::Team), {.bold = true});
     }
 
     void writeTitle(std::string_view shortDate)
     {
         writeText(kTitleRow, 1, "Kavo results. Update: " + std::string(shortDate));
-        m_sheet.setCellFont(kTitleRow, 1, {.colour = kTitleColour, .bold = true});
+        sheet().setCellFont(kTitleRow, 1, {.colour = kTitleColour, .bold = true});
     }
 
     void writeSummary(const Victories& victories)
@@ -219,8 +228,8 @@ private:
             int row = kNamesRow;
             for (const Grade& grade : grades()) writeCount(++row, columns, grade);
             writeText(kVictoriesRow, columns.labels, "Victories:");
-            m_sheet.setCellValue(kVictoriesRow, columns.counts, victories.of(columns.side));
-            m_sheet.setCellFont(kVictoriesRow, columns.counts, {.bold = true});
+            sheet().setCellValue(kVictoriesRow, columns.counts, victories.of(columns.side));
+            sheet().setCellFont(kVictoriesRow, columns.counts, {.bold = true});
         }
     }
 
@@ -229,13 +238,14 @@ private:
         // "World Records:" alone is a plural.
         const bool isRecord = grade.category == TargetCategory::WorldRecord;
         writeText(row, columns.labels, std::string(grade.name) + (isRecord ? "s:" : ":"));
-        m_sheet.setCellValue(row, columns.counts, m_state.counter(columns.side, grade.category));
+        sheet().setCellValue(row, columns.counts, m_state.counter(columns.side, grade.category));
         const CellFont font{.colour = summaryColour(grade, m_colours)};
-        m_sheet.setCellFont(row, columns.labels, font);
-        m_sheet.setCellFont(row, columns.counts, font);
+        sheet().setCellFont(row, columns.labels, font);
+        sheet().setCellFont(row, columns.counts, font);
     }
 
     Spreadsheet& m_sheet;
+    const std::stop_token& m_stop;
     const ResultsTable& m_table;
     const ResultsState& m_state;
     const ColourSet& m_colours;
@@ -254,14 +264,14 @@ std::string spreadsheetForm(std::string_view time)
 }
 
 void ExportExcel(const ResultsTable& table, const ResultsState& state, const ColourSet& colours,
-                 std::string_view shortDate, const CreateSpreadsheet& create)
+                 std::string_view shortDate, const CreateSpreadsheet& create, const std::stop_token& stop)
 {
     try {
-        const std::unique_ptr<Spreadsheet> sheet = create();
-        Export(*sheet, table, state, colours).run(shortDate);
+        const std::unique_ptr<Spreadsheet> sheet = create(stop);
+        Export(*sheet, stop, table, state, colours).run(shortDate);
     } catch (const std::exception&) {
-        // No message on purpose: the application is the user's, who may have closed it half-way or have
-        // none installed. What has been written stays there.
+        // No message on purpose: the application is the user's, who may have closed it half-way, have none
+        // installed or have cancelled the export. What has been written stays there.
     }
 }
 

@@ -5,6 +5,7 @@
 #include "core/results_table.h"
 #include "reports/spreadsheet.h"
 
+#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -15,8 +16,9 @@ namespace kavo {
 [[nodiscard]] std::string spreadsheetForm(std::string_view time);
 
 /// Copies the table as it is shown into a new sheet, adds a title with the date and a summary of the
-/// grades, and leaves the application to the user. Where a step fails the export ends without a word.
+/// grades, and leaves the application to the user. Where a step fails, and after the next step when `stop` is
+/// asked for, the export ends without a word. May run on any thread.
 void ExportExcel(const ResultsTable& table, const ResultsState& state, const ColourSet& colours,
-                 std::string_view shortDate, const CreateSpreadsheet& create);
+                 std::string_view shortDate, const CreateSpreadsheet& create, const std::stop_token& stop = {});
 
 }  // namespace kavo

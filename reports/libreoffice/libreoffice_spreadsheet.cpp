@@ -58,7 +58,10 @@ struct ValueWriter
 
 }  // namespace
 
-LibreOfficeSpreadsheet::LibreOfficeSpreadsheet(const OfficeChoice& choice) : m_connection(choice) {}
+LibreOfficeSpreadsheet::LibreOfficeSpreadsheet(const OfficeChoice& choice, const std::stop_token& stop)
+    : m_connection(choice, stop)
+{
+}
 
 LibreOfficeSpreadsheet::~LibreOfficeSpreadsheet()
 {
@@ -67,6 +70,8 @@ LibreOfficeSpreadsheet::~LibreOfficeSpreadsheet()
     } catch (const css::uno::Exception&) {
         // The user has closed the workbook.
     }
+    // Without a window nobody could ever close it.
+    if (!m_workbook.is()) m_connection.endStarted();
 }
 
 void LibreOfficeSpreadsheet::addWorkbook()

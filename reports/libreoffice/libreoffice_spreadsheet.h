@@ -17,7 +17,7 @@ namespace kavo {
 class LibreOfficeSpreadsheet : public Spreadsheet
 {
 public:
-    explicit LibreOfficeSpreadsheet(const OfficeChoice& choice);
+    LibreOfficeSpreadsheet(const OfficeChoice& choice, const std::stop_token& stop);
     ~LibreOfficeSpreadsheet() override;
 
     void makeVisible() override { m_isVisible = true; }

@@ -24,18 +24,19 @@ kavo::Spreadsheet* created(Create create)
 
 extern "C" {
 
-[[gnu::visibility("default")]] kavo::Spreadsheet* kavoCreateSpreadsheet()
+[[gnu::visibility("default")]] kavo::Spreadsheet* kavoCreateSpreadsheet(const std::stop_token& stop)
 {
-    return created([] { return new kavo::LibreOfficeSpreadsheet({}); });
+    return created([&stop] { return new kavo::LibreOfficeSpreadsheet({}, stop); });
 }
 
 [[gnu::visibility("default")]] kavo::Spreadsheet* kavoCreateHeadlessSpreadsheet(const char* profileUrl,
-                                                                                const char* storeUrl)
+                                                                                const char* storeUrl,
+                                                                                const std::stop_token& stop)
 {
     const kavo::OfficeChoice choice{.headlessProfileUrl = profileUrl};
     return created([&]() -> kavo::Spreadsheet* {
-        if (storeUrl == nullptr) return new kavo::LibreOfficeSpreadsheet(choice);
-        return new kavo::StoredSpreadsheet(choice, storeUrl);
+        if (storeUrl == nullptr) return new kavo::LibreOfficeSpreadsheet(choice, stop);
+        return new kavo::StoredSpreadsheet(choice, storeUrl, stop);
     });
 }
 }

@@ -8,13 +8,14 @@ namespace kavo {
 
 inline constexpr const char* kLibreOfficeModule = "spreadsheet_libreoffice.so";
 
-/// Starts the office, or opens one more window in the one that runs. Null when there is none.
+/// Starts the office, or opens one more window in the one that runs. Null when there is none, and soon after
+/// `stop` has been asked for.
 inline constexpr const char* kCreateEntry = "kavoCreateSpreadsheet";
-using CreateEntry = Spreadsheet* (*)();
+using CreateEntry = Spreadsheet* (*)(const std::stop_token& stop);
 
 /// For tests: an office without windows on the user profile at a file URL, not the user's own. With a
 /// second URL it stores its workbook there as flat XML when it is deleted, and ends that office.
 inline constexpr const char* kCreateHeadlessEntry = "kavoCreateHeadlessSpreadsheet";
-using CreateHeadlessEntry = Spreadsheet* (*)(const char* profileUrl, const char* storeUrl);
+using CreateHeadlessEntry = Spreadsheet* (*)(const char* profileUrl, const char* storeUrl, const std::stop_token& stop);
 
 }  // namespace kavo

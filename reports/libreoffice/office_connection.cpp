@@ -1,7 +1,7 @@
 #include "reports/libreoffice/office_connection.h"
 
 #include <com/sun/star/bridge/BridgeFactory.hpp>
-#include <com/sun/star/bridge/UnoUrlResolver.hpp>
+#include <com/sun/star/connection/Connector.hpp>
 #include <com/sun/star/connection/NoConnectException.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
 
@@ -76,54 +76,96 @@ std::vector<std::string> startArguments(const OfficeChoice& choice, const std::s
     return arguments;
 }
 
-}  // namespace
-
-OfficeConnection::OfficeConnection(const OfficeChoice& choice) : OfficeConnection(choice, uniquePipe()) {}
-
-OfficeConnection::OfficeConnection(const OfficeChoice& choice, const std::string& pipe)
-    : m_launcher(startProgram(), startArguments(choice, pipe)), m_local(localContext())
+void requireNoStop(const std::stop_token& stop)
 {
-    connect(pipe);
+    if (stop.stop_requested()) throw std::runtime_error("the start of the office was cancelled");
 }
 
-OfficeConnection::~OfficeConnection()
+void dispose(const Reference<css::uno::XInterface>& object)
 {
-    m_office.clear();
     try {
-        const auto factory = css::bridge::BridgeFactory::create(m_local);
-        for (const auto& bridge : factory->getExistingBridges())
-            Reference<css::lang::XComponent>(bridge, css::uno::UNO_QUERY_THROW)->dispose();
-        Reference<css::lang::XComponent>(m_local, css::uno::UNO_QUERY_THROW)->dispose();
+        const Reference<css::lang::XComponent> component(object, css::uno::UNO_QUERY);
+        if (component.is()) component->dispose();
     } catch (const css::uno::Exception&) {
         // The office is gone, and the pipe with it.
     }
 }
 
-void OfficeConnection::connect(const std::string& pipe)
+}  // namespace
+
+OfficeConnection::OfficeConnection() : m_local(localContext()) {}
+
+/// From here on the object is complete: what fails below ends in the destructor, too.
+OfficeConnection::OfficeConnection(const OfficeChoice& choice, const std::stop_token& stop) : OfficeConnection()
+{
+    m_onStop.emplace(stop, [this] { cut(); });
+    const std::string pipe = uniquePipe();
+    const std::vector<std::string> arguments = startArguments(choice, pipe);
+    requireNoStop(stop);
+    m_launcher.emplace(startProgram(), arguments);
+    try {
+        connect(pipe, stop);
+    } catch (...) {
+        // Nobody would see it, or could close it, once it has started.
+        if (stop.stop_requested()) endStarted();
+        throw;
+    }
+}
+
+OfficeConnection::~OfficeConnection()
+{
+    m_onStop.reset();
+    m_office.clear();
+    dispose(m_bridge);
+    dispose(m_local);
+}
+
+void OfficeConnection::connect(const std::string& pipe, const std::stop_token& stop)
 {
     using Clock = std::chrono::steady_clock;
-    const auto resolver = css::bridge::UnoUrlResolver::create(m_local);
-    const rtl::OUString url =
-        rtl::OUString::createFromAscii(("uno:pipe,name=" + pipe + ";urp;StarOffice.ComponentContext").c_str());
+    const auto connector = css::connection::Connector::create(m_local);
+    const rtl::OUString name = rtl::OUString::createFromAscii(("pipe,name=" + pipe).c_str());
     const auto start = Clock::now();
     auto lastSeen = start;
-    while (!m_office.is()) {
+    while (!m_pipe.is()) {
+        requireNoStop(stop);
         try {
-            m_office.set(resolver->resolve(url), css::uno::UNO_QUERY_THROW);
+            hold(connector->connect(name));
         } catch (const css::connection::NoConnectException&) {
             const auto now = Clock::now();
-            if (m_launcher.isRunning()) lastSeen = now;
+            if (m_launcher->isRunning()) lastSeen = now;
             if (now - start > kLongestStart || now - lastSeen > kLongestHandOver)
                 throw std::runtime_error("the office does not answer");
             std::this_thread::sleep_for(kPause);
         }
+    }
+    m_bridge = css::bridge::BridgeFactory::create(m_local)->createBridge({}, "urp", m_pipe, {});
+    m_office.set(m_bridge->getInstance("StarOffice.ComponentContext"), css::uno::UNO_QUERY_THROW);
+}
+
+void OfficeConnection::hold(const Reference<css::connection::XConnection>& pipe)
+{
+    const std::lock_guard lock(m_mutex);
+    m_pipe = pipe;
+    if (m_isCut) m_pipe->close();
+}
+
+/// Closes the pipe under every call that waits for its answer, which may be a long time in coming.
+void OfficeConnection::cut()
+{
+    const std::lock_guard lock(m_mutex);
+    m_isCut = true;
+    try {
+        if (m_pipe.is()) m_pipe->close();
+    } catch (const css::uno::Exception&) {
+        // It was closed already.
     }
 }
 
 bool OfficeConnection::waitForEnd(std::chrono::seconds atMost)
 {
     const auto end = std::chrono::steady_clock::now() + atMost;
-    while (m_launcher.isRunning()) {
+    while (m_launcher->isRunning()) {
         if (std::chrono::steady_clock::now() > end) return false;
         std::this_thread::sleep_for(kPause);
     }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
+#include <memory>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 namespace kavo {
@@ -12,17 +13,20 @@ namespace kavo {
 class OfficeLauncher final
 {
 public:
-    /// Throws std::runtime_error when the program cannot be started.
+    /// Throws a std::exception when the program cannot be started, or the system has no thread for what waits
+    /// for its end.
     OfficeLauncher(const std::filesystem::path& program, const std::vector<std::string>& arguments);
-    ~OfficeLauncher();
-    OfficeLauncher(const OfficeLauncher&) = delete;
-    OfficeLauncher& operator=(const OfficeLauncher&) = delete;
 
-    [[nodiscard]] bool isRunning();
+    [[nodiscard]] bool isRunning() const;
+
+    /// Asks what was started to end, with everything that it has started itself. What has not ended by then is
+    /// killed: the office's start program can hang in its end.
+    void terminate(std::chrono::milliseconds atMost = std::chrono::seconds(5)) const;
 
 private:
-    pid_t m_process = 0;
-    bool m_isRunning = true;
+    struct Child;
+
+    std::shared_ptr<Child> m_child;
 };
 
 }  // namespace kavo

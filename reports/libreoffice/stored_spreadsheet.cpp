@@ -20,8 +20,8 @@ constexpr auto kLongestEnd = std::chrono::seconds(20);
 
 }  // namespace
 
-StoredSpreadsheet::StoredSpreadsheet(const OfficeChoice& choice, std::string storeUrl)
-    : LibreOfficeSpreadsheet(choice), m_storeUrl(std::move(storeUrl))
+StoredSpreadsheet::StoredSpreadsheet(const OfficeChoice& choice, std::string storeUrl, const std::stop_token& stop)
+    : LibreOfficeSpreadsheet(choice, stop), m_storeUrl(std::move(storeUrl))
 {
 }
 

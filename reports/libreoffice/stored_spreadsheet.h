@@ -10,7 +10,7 @@ namespace kavo {
 class StoredSpreadsheet final : public LibreOfficeSpreadsheet
 {
 public:
-    StoredSpreadsheet(const OfficeChoice& choice, std::string storeUrl);
+    StoredSpreadsheet(const OfficeChoice& choice, std::string storeUrl, const std::stop_token& stop);
     ~StoredSpreadsheet() override;
 
 private:

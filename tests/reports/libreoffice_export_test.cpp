@@ -50,7 +50,9 @@ BothSheets exportToBoth(const Session& session)
     };
     BothSheets both;
     runExport(test::recordingSpreadsheet(both.fake));
-    runExport([&folder] { return test::headlessOffice(test::officeModule(), folder.path(), folder / "sheet.fods"); });
+    runExport([&folder](const std::stop_token&) {
+        return test::headlessOffice(test::officeModule(), folder.path(), folder / "sheet.fods");
+    });
     both.office = test::readFlatSheet(folder / "sheet.fods");
     return both;
 }
@@ -135,13 +137,13 @@ TEST(LibreOfficeExport, WithoutADisplayNoOfficeIsStarted)
     const WithoutVariable display("DISPLAY");
     const WithoutVariable wayland("WAYLAND_DISPLAY");
     const auto create = reinterpret_cast<CreateEntry>(moduleEntry(test::officeModule(), kCreateEntry));
-    EXPECT_EQ(std::unique_ptr<Spreadsheet>(create()), nullptr);
+    EXPECT_EQ(std::unique_ptr<Spreadsheet>(create({})), nullptr);
 }
 
 TEST(LibreOfficeExport, NeedsTheModuleInOneOfItsPlaces)
 {
     for (const auto& place : modulePlaces(executableFolder())) ASSERT_FALSE(fileExists(place)) << place;
-    EXPECT_THROW(static_cast<void>(openSpreadsheetApplication()), std::runtime_error);
+    EXPECT_THROW(static_cast<void>(openSpreadsheetApplication({})), std::runtime_error);
 }
 
 TEST(LibreOfficeExport, TheModuleIsLookedForBesideTheProgramAndInTheLibraryFolder)

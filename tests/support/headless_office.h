@@ -19,12 +19,13 @@ namespace kavo::test {
 /// its workbook there at the end, and ends.
 [[nodiscard]] inline std::unique_ptr<Spreadsheet> headlessOffice(const std::filesystem::path& module,
                                                                  const std::filesystem::path& folder,
-                                                                 const std::filesystem::path& storedAs = {})
+                                                                 const std::filesystem::path& storedAs = {},
+                                                                 const std::stop_token& stop = {})
 {
     const auto create = reinterpret_cast<CreateHeadlessEntry>(moduleEntry(module, kCreateHeadlessEntry));
     const std::string storeUrl = fileUrl(storedAs);
     std::unique_ptr<Spreadsheet> sheet(
-        create(fileUrl(folder / "profile").c_str(), storedAs.empty() ? nullptr : storeUrl.c_str()));
+        create(fileUrl(folder / "profile").c_str(), storedAs.empty() ? nullptr : storeUrl.c_str(), stop));
     if (!sheet) throw std::runtime_error("the office does not start");
     return sheet;
 }

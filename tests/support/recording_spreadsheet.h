@@ -79,7 +79,7 @@ private:
 /// The application that writes into `record`, which must outlive it.
 inline CreateSpreadsheet recordingSpreadsheet(SheetRecord& record)
 {
-    return [&record] { return std::make_unique<RecordingSpreadsheet>(record); };
+    return [&record](const std::stop_token&) { return std::make_unique<RecordingSpreadsheet>(record); };
 }
 
 }  // namespace kavo::test

@@ -3,6 +3,7 @@
 #include "base/text_file.h"
 #include "forms/services.h"
 #include "tests/support/page_server.h"
+#include "tests/support/places.h"
 #include "tests/support/recording_desktop.h"
 #include "tests/support/wait_until.h"
 #include "tests/support/window_fixture.h"
@@ -26,7 +27,7 @@ inline const Message kTransferFailed{"Error"};
 
 [[nodiscard]] inline std::string sample(const char* name)
 {
-    return readFile(std::filesystem::path(KAVO_SOURCE_FOLDER) / name);
+    return readFile(sourceFolder() / name);
 }
 
 [[nodiscard]] inline QByteArray samplePage()

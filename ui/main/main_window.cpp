@@ -231,9 +231,17 @@ void Form1::keyPressEvent(QKeyEvent* event)
 bool Form1::Form_KeyDown(QKeyEvent& event)
 {
     const kavo::MenuEntry* entry = kavo::entryOfKey(event.keyCombination());
-    if (entry == nullptr) return false;
+    if (entry == nullptr) return cancelExport(event);
     event.accept();
     if (!event.isAutoRepeat()) kavo::guarded([this, entry] { (this->*entry->action)(); });
+    return true;
+}
+
+/// Escape, while the spreadsheet application is waited for.
+bool Form1::cancelExport(const QKeyEvent& event)
+{
+    if (event.key() != Qt::Key_Escape || !m_export.isAwaited()) return false;
+    m_export.cancel();
     return true;
 }
 
@@ -319,6 +327,7 @@ void Form1::mouseReleaseEvent(QMouseEvent* event)
 
 void Form1::closeEvent(QCloseEvent* event)
 {
+    m_export.cancel();
     kavo::guarded([this] { Form_QueryUnload(); });
     event->accept();
     emit closed();

@@ -2,6 +2,7 @@
 
 #include "core/filters.h"
 #include "core/loading.h"
+#include "forms/background_task.h"
 #include "forms/services.h"
 #include "reports/spreadsheet.h"
 #include "ui/main/layout_keeper.h"
@@ -108,6 +109,7 @@ private:
     // Keyboard, mouse and column headers
     bool Form_KeyDown(QKeyEvent& event);
     bool lv_MouseDown(const QMouseEvent& event);
+    bool cancelExport(const QKeyEvent& event);
     bool lv_ContextMenu(const QContextMenuEvent& event);
     void noteFirstPaint();
     bool paintEmptyTable();
@@ -120,6 +122,7 @@ private:
     kavo::ResultsModel m_model;
     kavo::LayoutKeeper m_layout;
     kavo::CreateSpreadsheet m_createSpreadsheet;
+    kavo::BackgroundTask m_export;  ///< to the spreadsheet application
     std::unique_ptr<QMenu> popup;
     bool LayoutLoaded = false;  ///< from then on resizing is the user's and is kept
     bool m_isLoading = false;

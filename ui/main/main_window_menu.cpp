@@ -17,22 +17,6 @@
 #include "ui/settings/view_window.h"
 #include "updater/targets_updater_window.h"
 
-#include <QGuiApplication>
-
-namespace {
-
-/// The wait cursor for as long as this lives.
-class WaitCursor final
-{
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
-}  // namespace
-
 void Form1::mnuUpTargets_Click()
 {
     Form7(m_services, this).exec();
@@ -83,10 +67,12 @@ void Form1::mnuHTML_Click()
 
 void Form1::mnuExport_Click()
 {
-    const WaitCursor waiting;
     const kavo::Session& session = m_services.session;
-    const auto date = kavo::datesOf(m_services.clock.now().toSecsSinceEpoch()).date;
-    kavo::ExportExcel(session.table, session.state, session.colours, date, m_createSpreadsheet);
+    // Copies, as they stand at this moment: the application may take long to come. A second press while it is
+    // waited for is none; the export that it asks for is under way.
+    m_export.start([table = session.table, state = session.state, colours = session.colours,
+                    date = kavo::datesOf(m_services.clock.now().toSecsSinceEpoch()).date, create = m_createSpreadsheet](
+                       const std::stop_token& stop) { kavo::ExportExcel(table, state, colours, date, create, stop); });
 }
 
 void Form1::mnuTextExport_Click()

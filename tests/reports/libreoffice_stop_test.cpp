@@ -1,0 +1,147 @@
+// A real office that is no longer waited for: at once, while it starts, and while it works.
+
+#include "base/file_name.h"
+#include "tests/support/headless_office.h"
+#include "tests/support/places.h"
+#include "tests/support/processes.h"
+#include "tests/support/program_folder_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <stop_token>
+#include <thread>
+
+namespace kavo {
+namespace {
+
+using namespace std::chrono_literals;
+using test::lookUntil;
+using test::processesWith;
+
+constexpr auto kMoment = 2s;  // far less than an office takes that does not answer
+
+/// An office that this test has started is ended with it.
+class LibreOfficeStop : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (test::officeModule().empty()) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
+        if (!fileExists(test::officeFolder() / "program/libsclo.so"))
+            GTEST_SKIP() << "LibreOffice Calc is not installed";
+    }
+
+    void TearDown() override
+    {
+        test::signalProcesses(profile(), SIGKILL);
+        EXPECT_TRUE(lookUntil([this] { return processesWith(profile()).empty(); }));
+    }
+
+    [[nodiscard]] std::string profile() const { return test::fileUrl(folder / "profile"); }
+
+    std::unique_ptr<Spreadsheet> office() const
+    {
+        return test::headlessOffice(test::officeModule(), folder.path(), {}, stop.get_token());
+    }
+
+    /// Runs `work` on a thread of its own until `isTime`, then does something to it, and expects `work` to end by
+    /// an exception in a moment.
+    template <typename Work, typename IsTime, typename Disturb>
+    static void expectEnded(Work work, IsTime isTime, Disturb disturb)
+    {
+        bool hasThrown = false;
+        std::thread worker([&] {
+            try {
+                work();
+            } catch (const std::exception&) {
+                hasThrown = true;
+            }
+        });
+        EXPECT_TRUE(lookUntil(isTime));
+        const auto start = std::chrono::steady_clock::now();
+        disturb();
+        worker.join();
+        EXPECT_TRUE(hasThrown);
+        EXPECT_LT(std::chrono::steady_clock::now() - start, kMoment);
+    }
+
+    template <typename Work, typename IsTime>
+    void expectStopped(Work work, IsTime isTime)
+    {
+        expectEnded(work, isTime, [this] { stop.request_stop(); });
+    }
+
+    test::TemporaryFolder folder;
+    std::stop_source stop;
+};
+
+TEST_F(LibreOfficeStop, BeforeTheStartStartsNothing)
+{
+    stop.request_stop();
+    EXPECT_THROW(office(), std::runtime_error);
+    EXPECT_TRUE(processesWith(profile()).empty());
+}
+
+TEST_F(LibreOfficeStop, WhileItStartsEndsTheOfficeThatNobodyWouldSee)
+{
+    expectStopped([this] { office(); }, [this] { return !processesWith(profile()).empty(); });
+    EXPECT_TRUE(lookUntil([this] { return processesWith(profile()).empty(); }));
+}
+
+TEST_F(LibreOfficeStop, EndsACallThatIsNotAnsweredAndTheOfficeThatShowsNothing)
+{
+    auto sheet = office();
+    test::signalProcesses(profile(), SIGSTOP);
+    std::atomic<bool> isCalling = false;
+    expectStopped(
+        [&] {
+            isCalling = true;
+            sheet->addWorkbook();
+        },
+        [&] { return isCalling.load(); });
+    sheet.reset();
+    test::signalProcesses(profile(), SIGCONT);
+    EXPECT_TRUE(lookUntil([this] { return processesWith(profile()).empty(); }));
+}
+
+TEST_F(LibreOfficeStop, LeavesAnOfficeWithAWorkbookToTheUser)
+{
+    std::stop_source ofTheFirst;
+    auto sheet = test::headlessOffice(test::officeModule(), folder.path(), {}, ofTheFirst.get_token());
+    sheet->addWorkbook();
+    ofTheFirst.request_stop();
+    EXPECT_THROW(sheet->setCellValue(1, 1, PlainText{"late"}), std::runtime_error);
+    sheet.reset();
+
+    sheet = office();  // the same one, which is the user's now
+    test::signalProcesses(profile(), SIGSTOP);
+    std::atomic<bool> isCalling = false;
+    expectStopped(
+        [&] {
+            isCalling = true;
+            sheet->addWorkbook();
+        },
+        [&] { return isCalling.load(); });
+    sheet.reset();
+    test::signalProcesses(profile(), SIGCONT);
+    sheet = test::headlessOffice(test::officeModule(), folder.path());
+    EXPECT_NO_THROW(sheet->addWorkbook());
+}
+
+TEST_F(LibreOfficeStop, OfficeThatIsKilledEndsTheCall)
+{
+    const auto sheet = office();
+    test::signalProcesses(profile(), SIGSTOP);
+    std::atomic<bool> isCalling = false;
+    expectEnded(
+        [&] {
+            isCalling = true;
+            sheet->addWorkbook();
+        },
+        [&] { return isCalling.load(); }, [this] { test::signalProcesses(profile(), SIGKILL); });
+}
+
+}  // namespace
+}  // namespace kavo

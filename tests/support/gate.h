@@ -1,0 +1,49 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+#include <stop_token>
+
+namespace kavo::test {
+
+/// Holds a thread up at a certain place until the test lets it go on.
+class Gate final
+{
+public:
+    /// For the thread: waits until the gate is open or `stop` is asked for.
+    void pass(const std::stop_token& stop = {})
+    {
+        std::unique_lock lock(m_mutex);
+        ++m_arrivals;
+        m_change.notify_all();
+        m_change.wait(lock, stop, [this] { return m_isOpen; });
+    }
+
+    /// For the test: waits until somebody stands before the gate, or has gone through it.
+    void waitForArrival()
+    {
+        std::unique_lock lock(m_mutex);
+        m_change.wait(lock, [this] { return m_arrivals > 0; });
+    }
+
+    void open()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isOpen = true;
+        m_change.notify_all();
+    }
+
+    [[nodiscard]] int arrivals()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_arrivals;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable_any m_change;
+    int m_arrivals = 0;
+    bool m_isOpen = false;
+};
+
+}  // namespace kavo::test
