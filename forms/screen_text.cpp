@@ -5,11 +5,31 @@
 
 namespace kavo {
 
+namespace {
+
+constexpr QChar kEllipsis(0x2026);
+
+}  // namespace
+
 QString toScreen(std::string_view bytes, std::size_t longest)
 {
     const std::string_view shown = firstCharacters(bytes, longest);
     QString text = wholeToScreen(shown);
-    return shown.size() < bytes.size() ? text.append(QChar(0x2026)) : text;
+    return shown.size() < bytes.size() ? text.append(kEllipsis) : text;
+}
+
+QString pageToScreen(std::string_view bytes)
+{
+    const std::string_view shown = firstCharacters(bytes, kLongestPage);
+    QString page;
+    std::size_t start = 0;
+    for (std::size_t end = shown.find('\n'); end != std::string_view::npos; end = shown.find('\n', start)) {
+        page.append(toScreen(shown.substr(start, end - start))).append('\n');
+        start = end + 1;
+    }
+    page.append(toScreen(shown.substr(start)));
+    const bool isCut = shown.size() < bytes.size() && !page.endsWith(kEllipsis);
+    return isCut ? page.append(kEllipsis) : page;
 }
 
 QString wholeToScreen(std::string_view bytes)

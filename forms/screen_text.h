@@ -24,6 +24,9 @@ inline constexpr std::size_t kLongestPage = 1'000'000;
 /// is cut there, and an ellipsis tells so: whoever writes it back keeps the bytes.
 [[nodiscard]] QString toScreen(std::string_view bytes, std::size_t longest = kLongestLine);
 
+/// The same for a box with many lines: each of them is cut, and the text behind kLongestPage characters.
+[[nodiscard]] QString pageToScreen(std::string_view bytes);
+
 /// The same, however long the text is: for boxes in which it is edited.
 [[nodiscard]] QString wholeToScreen(std::string_view bytes);
 

@@ -180,8 +180,8 @@ TEST_F(ProgramWindows, AnyErrorOfALoadingIsToldAndTheNextLoadingRuns)
 TEST_F(ProgramWindows, SplashDoesNotStayAloneAfterAnError)
 {
     // Whatever fails behind the loading itself: here the box that tells of its error.
-    std::filesystem::remove_all(folder / "Marek");
-    const Message message{.text = "Path not found: Marek", .icon = MessageIcon::Critical};
+    folder.write("targets.txt", "00:10:00\r\n");
+    const Message message{.text = "Input past end of file: targets.txt", .icon = MessageIcon::Critical};
     prompts.expectMessage(message, [] { throw std::runtime_error("no box"); });
     expectError("no box");
     startLoggedIn();

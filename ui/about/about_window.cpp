@@ -66,7 +66,7 @@ void frmAbout::Form_Load()
 void frmAbout::showHistory()
 {
     const auto history = kavo::locate(session().programFolder / "history.txt");
-    ui->Text1->setPlainText(toScreen(kavo::readFile(history), kavo::kLongestPage));
+    ui->Text1->setPlainText(kavo::pageToScreen(kavo::readContent(history).view()));
 }
 
 // cmdOK: close the window

@@ -166,14 +166,29 @@ TEST_F(AboutWindows, PipesInPlaceOfTheirFilesAreReportedAtOnce)
 
 TEST_F(AboutWindows, HistoryIsShownAsFarAsABoxCanShowIt)
 {
-    folder.write("history.txt", std::string(1'000'000, 'x'));
+    const std::string line = std::string(98, 'x') + "\r\n";
+    std::string history;
+    while (history.size() < 1'000'000) history += line;  // 10,000 lines
+    folder.write("history.txt", history);
     open<frmAbout>();
-    EXPECT_EQ(control<QPlainTextEdit>(*window, "Text1").toPlainText().size(), 1'000'000);
-    folder.write("history.txt", std::string(3'000'000, 'x'));
+    EXPECT_EQ(control<QPlainTextEdit>(*window, "Text1").toPlainText().size(), 990'000);
+    folder.write("history.txt", history + history);
     open<frmAbout>();
     const QString shown = control<QPlainTextEdit>(*window, "Text1").toPlainText();
-    EXPECT_EQ(shown.size(), 1'000'001);
-    EXPECT_TRUE(shown.endsWith(QString::fromUtf8("x…")));
+    EXPECT_EQ(shown.size(), 990'001);
+    EXPECT_TRUE(shown.endsWith(QString::fromUtf8("x\n…")));
+}
+
+TEST_F(AboutWindows, HistoryOfOneEndlessLineIsCutThere)
+{
+    folder.write("history.txt", "first\r\n" + std::string(3'000'000, 'x'));
+    open<frmAbout>();
+    EXPECT_EQ(control<QPlainTextEdit>(*window, "Text1").toPlainText(),
+              "first\n" + QString(4096, 'x') + QString::fromUtf8("…"));
+    folder.write("history.txt", std::string(4097, 'x') + "\r\nlast");
+    open<frmAbout>();
+    EXPECT_EQ(control<QPlainTextEdit>(*window, "Text1").toPlainText(),
+              QString(4096, 'x') + QString::fromUtf8("…\nlast"));
 }
 
 TEST_F(AboutWindows, AboutWithoutACurrentUserShowsItsHistory)
