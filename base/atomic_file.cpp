@@ -40,13 +40,14 @@ std::error_code flushFolder([[maybe_unused]] const fs::path& folder)
 }
 
 /// A file that the user has write-protected is not replaced behind the protection.
-bool isWriteProtected(const fs::path& target)
+std::error_code writeProtection(const fs::path& target)
 {
 #ifdef _WIN32
-    return ::_waccess(target.c_str(), 2) != 0;
+    const bool isWritable = ::_waccess(target.c_str(), 2) == 0;
 #else
-    return ::access(target.c_str(), W_OK) != 0;
+    const bool isWritable = ::access(target.c_str(), W_OK) == 0;
 #endif
+    return isWritable ? std::error_code() : std::error_code(errno, std::generic_category());
 }
 
 /// The file at the end of a chain of symbolic links, whether it is there or not.
@@ -132,7 +133,7 @@ AtomicFile::~AtomicFile()
 void AtomicFile::fail(const std::error_code& error)
 {
     m_hasFailed = true;
-    throw RunTimeError(failureOf(error), m_named);
+    throw RunTimeError(error, m_named);
 }
 
 void AtomicFile::failIf(const std::error_code& error)
@@ -156,7 +157,9 @@ void AtomicFile::findTarget()
     const bool isThere = type != fs::file_type::not_found;
     // Folders, disks, sockets; or a file that is still open here and there without its name.
     const bool isReplaceable = !isThere || (type == fs::file_type::regular && fs::equivalent(m_named, m_target, error));
-    if (!isReplaceable || (isThere && isWriteProtected(m_target))) throw RunTimeError(Failure::PathFileAccess, m_named);
+    if (isReplaceable && isThere) error = writeProtection(m_target);
+    if (type == fs::file_type::directory) error = std::make_error_code(std::errc::is_a_directory);
+    if (!isReplaceable || error) throw RunTimeError(Failure::PathFileAccess, m_named, error);
     if (m_target.filename().empty()) throw RunTimeError(Failure::PathNotFound, m_named);
 }
 

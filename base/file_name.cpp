@@ -38,7 +38,7 @@ std::optional<fs::path> entryIgnoringCase(const fs::path& folder, const fs::path
     }
     // A folder that may be entered but not listed shows its entries to those who know their spelling.
     const bool isAnswer = !error || cannotBeThere(error) || error == std::errc::permission_denied;
-    if (!isAnswer) throw RunTimeError(failureOf(error), name);
+    if (!isAnswer) throw RunTimeError(error, folder / name);
     return found;
 }
 
@@ -46,7 +46,7 @@ fs::file_type typeAt(const fs::path& path)
 {
     std::error_code error;
     const fs::file_type type = fs::status(path, error).type();
-    if (type == fs::file_type::none && !cannotBeThere(error)) throw RunTimeError(failureOf(error), path);
+    if (type == fs::file_type::none && !cannotBeThere(error)) throw RunTimeError(error, path);
     return type;
 }
 

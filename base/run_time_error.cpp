@@ -17,6 +17,15 @@ std::string textAbout(Failure failure, const std::filesystem::path& file)
     return text;
 }
 
+/// The system's word on a file that is said to be missing.
+std::error_code whyMissing(Failure failure, const std::filesystem::path* file)
+{
+    std::error_code reason;
+    const bool isMissing = failure == Failure::FileNotFound || failure == Failure::PathNotFound;
+    if (isMissing && file != nullptr && file->is_absolute()) static_cast<void>(std::filesystem::status(*file, reason));
+    return reason;
+}
+
 }  // namespace
 
 std::string_view standardText(Failure failure)
@@ -39,14 +48,31 @@ RunTimeError::RunTimeError(Failure failure) : std::runtime_error(std::string(sta
 {
 }
 
-RunTimeError::RunTimeError(Failure failure, const std::filesystem::path& file)
-    : std::runtime_error(textAbout(failure, file)), m_failure(failure), m_namesFile(true)
+RunTimeError::RunTimeError(Failure failure, const std::filesystem::path& file, const std::error_code& reason)
+    : std::runtime_error(textAbout(failure, file)),
+      m_failure(failure),
+      m_file(std::make_shared<const std::filesystem::path>(file)),
+      m_reason(reason)
+{
+}
+
+RunTimeError::RunTimeError(const std::error_code& reason, const std::filesystem::path& file)
+    : RunTimeError(failureOf(reason), file, reason)
 {
 }
 
 RunTimeError RunTimeError::about(const std::filesystem::path& file) const
 {
-    return m_namesFile ? *this : RunTimeError(m_failure, file);
+    return m_file ? *this : RunTimeError(m_failure, file, m_reason);
+}
+
+std::string RunTimeError::inFull() const
+{
+    std::string text(standardText(m_failure));
+    if (m_file && !m_file->empty()) text.append(": ").append(textOf(*m_file));
+    if (const std::error_code reason = m_reason ? m_reason : whyMissing(m_failure, m_file.get()))
+        text.append(" (").append(reason.message()).append(")");
+    return text;
 }
 
 Failure failureOf(const std::error_code& error)
@@ -71,6 +97,14 @@ std::string inWords(const std::exception& error)
         return textAbout(failureOf(file->code()), file->path1());
     if (const auto* system = dynamic_cast<const std::system_error*>(&error)) return system->code().message();
     return error.what();
+}
+
+std::string inFull(const std::exception& error)
+{
+    if (const auto* known = dynamic_cast<const RunTimeError*>(&error)) return known->inFull();
+    if (const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error))
+        return RunTimeError(file->code(), file->path1()).inFull();
+    return inWords(error);
 }
 
 }  // namespace kavo

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -30,16 +31,23 @@ class RunTimeError final : public std::runtime_error
 {
 public:
     explicit RunTimeError(Failure failure);
-    RunTimeError(Failure failure, const std::filesystem::path& file);
+    /// `reason` is the system's, where it was the system that failed.
+    RunTimeError(Failure failure, const std::filesystem::path& file, const std::error_code& reason = {});
+    /// What an error of the file system means.
+    RunTimeError(const std::error_code& reason, const std::filesystem::path& file);
 
     [[nodiscard]] Failure failure() const noexcept { return m_failure; }
 
     /// The same failure with the file's name, unless one is named already.
     [[nodiscard]] RunTimeError about(const std::filesystem::path& file) const;
 
+    /// The standard text with the file's whole path and the system's reason, as far as they are known.
+    [[nodiscard]] std::string inFull() const;
+
 private:
     Failure m_failure;
-    bool m_namesFile = false;
+    std::shared_ptr<const std::filesystem::path> m_file;  ///< shared: an error on its way is copied and must not fail
+    std::error_code m_reason;
 };
 
 /// The failure that an error of the file system means to the user.
@@ -47,5 +55,9 @@ private:
 
 /// What the user is told about any error: a standard text where one fits it, else the error's own.
 [[nodiscard]] std::string inWords(const std::exception& error);
+
+/// The same with the file's whole path and the system's reason, as far as they are known: for where there is room for
+/// a line.
+[[nodiscard]] std::string inFull(const std::exception& error);
 
 }  // namespace kavo

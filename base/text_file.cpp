@@ -19,10 +19,11 @@ OpenFile openOrdinary(const fs::path& path)
     std::error_code error;
     const fs::file_type type = fs::status(path, error).type();
     const bool isElse = type != fs::file_type::regular && type != fs::file_type::not_found;
-    if (isElse) throw RunTimeError(Failure::PathFileAccess, path);
+    if (type == fs::file_type::directory) error = std::make_error_code(std::errc::is_a_directory);
+    if (isElse) throw RunTimeError(Failure::PathFileAccess, path, error);
     OpenFile file = OpenFile::toRead(path, error);
-    if (error == std::errc::no_such_file_or_directory) throw RunTimeError(Failure::FileNotFound, path);
-    if (error) throw RunTimeError(failureOf(error), path);
+    if (error == std::errc::no_such_file_or_directory) throw RunTimeError(Failure::FileNotFound, path, error);
+    if (error) throw RunTimeError(error, path);
     return file;
 }
 
@@ -54,7 +55,7 @@ FileContent readToEnd(const OpenFile& file, const fs::path& path, std::uintmax_t
         size += size / 2;
         buffer = enlarged(buffer, length, size);
     }
-    if (error) throw RunTimeError(failureOf(error), path);
+    if (error) throw RunTimeError(error, path);
     return {std::move(buffer), length};
 }
 
@@ -106,7 +107,7 @@ void deleteFile(const fs::path& path)
     std::error_code error;
     if (fs::is_directory(fs::symlink_status(path, error))) throw RunTimeError(Failure::PathFileAccess, path);
     fs::remove(path, error);
-    if (error) throw RunTimeError(Failure::PathFileAccess, path);
+    if (error) throw RunTimeError(Failure::PathFileAccess, path, error);
 }
 
 }  // namespace kavo

@@ -47,7 +47,7 @@ void makeColoursFolder(const fs::path& userFolder, bool mayMake)
     if (!folderExists(userFolder)) throw RunTimeError(Failure::PathNotFound, userFolder);
     std::error_code error;
     if (mayMake) fs::create_directory(coloursFolder(userFolder), error);
-    if (error) throw RunTimeError(failureOf(error), coloursFolder(userFolder));
+    if (error) throw RunTimeError(error, coloursFolder(userFolder));
 }
 
 void readLayout(const Session& session, LoadingHost& host)
@@ -69,13 +69,14 @@ void readBugTimesOfPlayers(Session& session)
 struct EndOfLoading
 {
     LoadingEnd end;
+    fs::path wrongFile = {};
 };
 
-[[noreturn]] void endWithWrongFile(LoadingHost& host)
+[[noreturn]] void endWithWrongFile(LoadingHost& host, const fs::path& file)
 {
     host.showMessage({std::string(messages::kWrongFile)});
     static_cast<void>(host.openOptions());
-    throw EndOfLoading{LoadingEnd::WrongFile};
+    throw EndOfLoading{LoadingEnd::WrongFile, file};
 }
 
 void loadTargets(Session& session, LoadingHost& host)
@@ -89,10 +90,10 @@ bool readSecondFile(Session& session, LoadingHost& host)
 {
     const fs::path path = locateTyped(session.programFolder, session.CompPath);
     if (!fileExists(path)) return false;
-    parseFile(path, [&session, &host](std::string_view text) {
+    parseFile(path, [&session, &host, &path](std::string_view text) {
         // The saved previous results come from a file that was checked when it was player 1's.
         const bool isChecked = lastCharacters(session.CompPath, kPreviousResultsName.size()) != kPreviousResultsName;
-        if (isChecked && !isSecondStatisticsFile(text)) endWithWrongFile(host);
+        if (isChecked && !isSecondStatisticsFile(text)) endWithWrongFile(host, path);
         readTimesOfPlayer2(session, text);
     });
     return true;
@@ -116,7 +117,7 @@ void fillSecondColumn(Session& session, LoadingHost& host, const std::string& to
 void fillTable(Session& session, LoadingHost& host, const fs::path& statsPath)
 {
     parseFile(statsPath, [&](std::string_view text) {
-        if (!isStatisticsFile(text)) endWithWrongFile(host);
+        if (!isStatisticsFile(text)) endWithWrongFile(host, statsPath);
         loadTargets(session, host);
         readTimesOfPlayer1(session, text);
     });
@@ -185,9 +186,9 @@ LoadingResult load(Session& session, LoadingHost& host, const LoadingOptions& op
     try {
         runSteps(session, host, options);
     } catch (const EndOfLoading& end) {
-        return {end.end, {}};
+        return {.end = end.end, .wrongFile = end.wrongFile};
     } catch (const std::exception& error) {
-        return {LoadingEnd::Error, inWords(error)};
+        return {.end = LoadingEnd::Error, .error = inWords(error), .errorInFull = inFull(error)};
     }
     return {};
 }

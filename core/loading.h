@@ -37,7 +37,9 @@ enum class LoadingEnd { Completed, WrongFile, Abandoned, Error };
 struct LoadingResult
 {
     LoadingEnd end = LoadingEnd::Completed;
-    std::string error;  ///< text of the error that ended the loading, else empty
+    std::string error = {};                ///< text of the error that ended the loading, else empty
+    std::string errorInFull = {};          ///< the same with the file's whole path and the system's reason
+    std::filesystem::path wrongFile = {};  ///< what is no statistics file, after WrongFile
 };
 
 struct LoadingOptions

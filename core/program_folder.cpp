@@ -56,11 +56,11 @@ void makeSupplied(const fs::path& folder, const fs::path& suppliedFiles)
     const fs::path unfinished = folder.parent_path() / std::string(".").append(kFolderName).append("-new");
     std::error_code error;
     fs::create_directories(unfinished, error);
-    if (error) throw RunTimeError(failureOf(error), folder);
+    if (error) throw RunTimeError(error, folder);
     for (const std::string_view name : kSuppliedFiles)
         if (const auto content = readFileIfThere(suppliedFiles / name)) replaceFile(unfinished / name, *content);
     fs::rename(unfinished, folder, error);
-    if (error) throw RunTimeError(failureOf(error), folder);
+    if (error) throw RunTimeError(error, folder);
 }
 
 fs::path madeAndSupplied(const fs::path& folder, const fs::path& suppliedFiles)
@@ -77,8 +77,11 @@ fs::path madeAndSupplied(const fs::path& folder, const fs::path& suppliedFiles)
 fs::path named(const std::string& folder)
 {
     std::error_code error;  // a relative path counts from a working folder that may have been deleted
-    fs::path path = locate(fs::absolute(pathOf(folder), error).lexically_normal());
-    if (error || !folderExists(path)) throw RunTimeError(Failure::PathNotFound, pathOf(folder));
+    const fs::path whole = fs::absolute(pathOf(folder), error).lexically_normal();
+    if (error) throw RunTimeError(Failure::PathNotFound, pathOf(folder), error);
+    fs::path path = locate(whole);
+    if (fileExists(path)) error = std::make_error_code(std::errc::not_a_directory);
+    if (!folderExists(path)) throw RunTimeError(Failure::PathNotFound, path, error);
     return path;
 }
 

@@ -74,7 +74,7 @@ std::optional<std::string> readCurrentUserIfThere(const fs::path& programFolder)
 fs::path userFolder(const fs::path& programFolder, std::string_view nick)
 {
     // Without a nick this would be the program folder itself.
-    if (nick.empty() || !isPlainName(nick)) throw RunTimeError(Failure::PathNotFound, pathOf(nick));
+    if (nick.empty() || !isPlainName(nick)) throw RunTimeError(Failure::PathNotFound, programFolder / pathOf(nick));
     return locate(programFolder / pathOf(nick));
 }
 

@@ -45,6 +45,33 @@ TEST(RunTimeError, NamesTheFileOnce)
     EXPECT_STREQ(RunTimeError(Failure::DiskFull, "/x/").what(), "Disk full");
 }
 
+TEST(RunTimeError, NamesThePathAndTheReasonInFull)
+{
+    const std::error_code denied = std::make_error_code(std::errc::permission_denied);
+    EXPECT_EQ(RunTimeError(Failure::InputPastEnd).inFull(), "Input past end of file");
+    EXPECT_EQ(RunTimeError(Failure::InputPastEnd, "/some/where/data.ini").inFull(),
+              "Input past end of file: /some/where/data.ini");
+    const RunTimeError refused(denied, "/some/where/data.ini");
+    EXPECT_EQ(refused.failure(), Failure::PathFileAccess);
+    EXPECT_STREQ(refused.what(), "Path/File access error: data.ini");
+    EXPECT_EQ(refused.inFull(), "Path/File access error: /some/where/data.ini (" + denied.message() + ")");
+    EXPECT_EQ(refused.about("/other.txt").inFull(), refused.inFull());
+    EXPECT_EQ(RunTimeError(Failure::DiskFull).about("/x/").inFull(), "Disk full: /x/");
+}
+
+// Most of those who miss a file have only looked whether it is there.
+TEST(RunTimeError, AsksTheSystemWhyAFileIsMissing)
+{
+    const std::string reason = std::make_error_code(std::errc::no_such_file_or_directory).message();
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "kavo-no-such-file";
+    EXPECT_EQ(RunTimeError(Failure::FileNotFound, file).inFull(),
+              "File not found: " + file.string() + " (" + reason + ")");
+    EXPECT_EQ(RunTimeError(Failure::PathNotFound, file).inFull(),
+              "Path not found: " + file.string() + " (" + reason + ")");
+    EXPECT_EQ(RunTimeError(Failure::PathNotFound, "kavo-no-such-file").inFull(), "Path not found: kavo-no-such-file");
+    EXPECT_EQ(RunTimeError(Failure::InputPastEnd, file).inFull(), "Input past end of file: " + file.string());
+}
+
 TEST(Failure, FollowsTheSystemsError)
 {
     const auto of = [](int value) { return failureOf(std::error_code(value, std::generic_category())); };
@@ -57,6 +84,17 @@ TEST(Failure, FollowsTheSystemsError)
 #ifndef _WIN32
     EXPECT_EQ(of(EDQUOT), Failure::DiskFull);
 #endif
+}
+
+TEST(InFull, NamesPathAndReasonOfErrorsOfAnyKind)
+{
+    const std::error_code denied = std::make_error_code(std::errc::permission_denied);
+    EXPECT_EQ(inFull(RunTimeError(denied, "/x/data.ini")),
+              "Path/File access error: /x/data.ini (" + denied.message() + ")");
+    EXPECT_EQ(inFull(std::filesystem::filesystem_error("what", "/x/data.ini", denied)),
+              "Path/File access error: /x/data.ini (" + denied.message() + ")");
+    EXPECT_EQ(inFull(std::bad_alloc()), "Out of memory");
+    EXPECT_EQ(inFull(std::runtime_error("Something else")), "Something else");
 }
 
 }  // namespace
