@@ -1,5 +1,6 @@
 #include "app/application.h"
 #include "app/program.h"
+#include "base/code_page.h"
 #include "base/run_time_error.h"
 #include "core/program_folder.h"
 #include "core/version.h"
@@ -26,6 +27,9 @@ struct Options
     QCommandLineOption recordsHost{
         "records-host", "Host of the world-records page, or its base address (environment: KAVO_RECORDS_HOST).",
         "HOST[:PORT]"};
+    QCommandLineOption codePage{
+        "code-page", "8-bit code page of texts that are no UTF-8: 1251, 1252, ... (environment: KAVO_CODE_PAGE).",
+        "NAME"};
     QCommandLineOption help{QStringList{"h", "help"}, "Show this help and exit."};
     QCommandLineOption version{"version", "Show the version and exit."};
     QCommandLineOption quitAfterFirstPaint{"quit-after-first-paint"};
@@ -34,7 +38,7 @@ struct Options
     {
         quitAfterFirstPaint.setFlags(QCommandLineOption::HiddenFromHelp);  // for timing the start
         parser.setApplicationDescription("Grades and compares the best times of the game's levels.");
-        for (const auto& option : {programFolder, recordsHost, help, version, quitAfterFirstPaint})
+        for (const auto& option : {programFolder, recordsHost, codePage, help, version, quitAfterFirstPaint})
             parser.addOption(option);
     }
 };
@@ -45,16 +49,20 @@ QString helpOf(const QCommandLineParser& parser)
     return parser.helpText().replace("<executable_name>", "kavo-timing");
 }
 
+constexpr int kUsageError = 2;
+
+int refuse(const QCommandLineParser& parser, const QString& reason)
+{
+    static_cast<void>(std::fprintf(stderr, "%s\n%s", qPrintable(reason), qPrintable(helpOf(parser))));
+    return kUsageError;
+}
+
 /// The exit status when the arguments leave nothing to start.
 std::optional<int> answerAtOnce(Options& options, const QStringList& arguments)
 {
-    constexpr int kUsageError = 2;
-    if (!options.parser.parse(arguments) || !options.parser.positionalArguments().isEmpty()) {
-        const QString reason =
-            options.parser.errorText().isEmpty() ? "Unexpected argument." : options.parser.errorText();
-        static_cast<void>(std::fprintf(stderr, "%s\n%s", qPrintable(reason), qPrintable(helpOf(options.parser))));
-        return kUsageError;
-    }
+    if (!options.parser.parse(arguments) || !options.parser.positionalArguments().isEmpty())
+        return refuse(options.parser,
+                      options.parser.errorText().isEmpty() ? "Unexpected argument." : options.parser.errorText());
     if (options.parser.isSet(options.version)) {
         std::printf("%s\n", std::string(kavo::kProductVersion).c_str());
         return 0;
@@ -88,12 +96,17 @@ std::string recordsHost(const Options& options)
     return kavo::fromScreen(named.isEmpty() ? qEnvironmentVariable("KAVO_RECORDS_HOST") : named);
 }
 
+/// The value of an option; nothing where it is not given.
+std::optional<std::string> valueOf(const Options& options, const QCommandLineOption& option)
+{
+    if (!options.parser.isSet(option)) return std::nullopt;
+    return kavo::fromScreen(options.parser.value(option));
+}
+
 int runProgram(kavo::Application& application, const Options& options)
 {
-    std::optional<std::string> folder;
-    if (options.parser.isSet(options.programFolder))
-        folder = kavo::fromScreen(options.parser.value(options.programFolder));
-    kavo::Program program(kavo::findProgramFolder(kavo::programFolderSources(folder)), application.prompts());
+    const auto folder = kavo::programFolderSources(valueOf(options, options.programFolder));
+    kavo::Program program(kavo::findProgramFolder(folder), application.prompts());
     program.useRecordsHost(recordsHost(options));
     if (options.parser.isSet(options.quitAfterFirstPaint))
         QObject::connect(&program.mainWindow(), &Form1::painted, &application, &QCoreApplication::quit);
@@ -108,8 +121,12 @@ int run(int argc, char** argv)
         if (const auto status = answerAtOnce(options, argumentsOf(argc, argv))) return *status;
     kavo::Application application(argc, argv);  // takes Qt's own options out
     if (const auto status = answerAtOnce(options, kavo::Application::arguments())) return *status;
+    std::optional<kavo::CodePageInForce> codePage;  // to the end: reports of errors are texts, too
     try {
+        codePage.emplace(kavo::chosenCodePage(valueOf(options, options.codePage)));
         return runProgram(application, options);
+    } catch (const kavo::UnknownCodePage& error) {
+        return refuse(options.parser, kavo::toScreen(error.what()) + ".");
     } catch (const std::exception& error) {
         kavo::reportError(error);
         return 1;

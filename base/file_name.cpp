@@ -1,6 +1,7 @@
 #include "base/file_name.h"
 
 #include "base/run_time_error.h"
+#include "base/shown_text.h"
 #include "base/text.h"
 
 #include <algorithm>

@@ -54,45 +54,6 @@ std::size_t sequenceLength(std::string_view text, std::size_t position)
     return isSecondByteAllowed(lead, byteAt(text, position + 1)) ? length : 0;
 }
 
-char32_t decode(std::string_view sequence)
-{
-    if (sequence.size() == 1) return byteAt(sequence, 0);
-    char32_t value = byteAt(sequence, 0) & (0xFFU >> (sequence.size() + 1));
-    for (std::size_t i = 1; i < sequence.size(); ++i) value = (value << 6U) | (byteAt(sequence, i) & 0x3FU);
-    return value;
-}
-
-void appendUtf8(std::string& text, char32_t value)
-{
-    const auto put = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
-    if (value < 0x80U) {
-        put(value);
-    } else if (value < 0x800U) {
-        put(0xC0U | (value >> 6U));
-        put(0x80U | (value & 0x3FU));
-    } else if (value < 0x10000U) {
-        put(0xE0U | (value >> 12U));
-        put(0x80U | ((value >> 6U) & 0x3FU));
-        put(0x80U | (value & 0x3FU));
-    } else {
-        put(0xF0U | (value >> 18U));
-        put(0x80U | ((value >> 12U) & 0x3FU));
-        put(0x80U | ((value >> 6U) & 0x3FU));
-        put(0x80U | (value & 0x3FU));
-    }
-}
-
-/// Characters of Windows-1252 from 0x80 to 0x9F; the five unassigned bytes keep their own value.
-constexpr std::array<char32_t, 32> kWindows1252 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                                   0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-                                                   0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                                   0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-char32_t windows1252(unsigned byte)
-{
-    return byte >= 0x80U && byte <= 0x9FU ? kWindows1252.at(byte - 0x80U) : byte;
-}
-
 char32_t lowerCase(char32_t c)
 {
     const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
@@ -187,6 +148,34 @@ std::size_t characterLength(std::string_view text, std::size_t position)
 {
     if (position >= text.size()) return 0;
     return std::max<std::size_t>(1, sequenceLength(text, position));
+}
+
+char32_t codePointOf(std::string_view character)
+{
+    if (character.size() == 1) return byteAt(character, 0);
+    char32_t value = byteAt(character, 0) & (0xFFU >> (character.size() + 1));
+    for (std::size_t i = 1; i < character.size(); ++i) value = (value << 6U) | (byteAt(character, i) & 0x3FU);
+    return value;
+}
+
+void appendUtf8(std::string& text, char32_t value)
+{
+    const auto put = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
+    if (value < 0x80U) {
+        put(value);
+    } else if (value < 0x800U) {
+        put(0xC0U | (value >> 6U));
+        put(0x80U | (value & 0x3FU));
+    } else if (value < 0x10000U) {
+        put(0xE0U | (value >> 12U));
+        put(0x80U | ((value >> 6U) & 0x3FU));
+        put(0x80U | (value & 0x3FU));
+    } else {
+        put(0xF0U | (value >> 18U));
+        put(0x80U | ((value >> 12U) & 0x3FU));
+        put(0x80U | ((value >> 6U) & 0x3FU));
+        put(0x80U | (value & 0x3FU));
+    }
 }
 
 std::size_t countCharacters(std::string_view text)
@@ -297,7 +286,7 @@ std::string foldCase(std::string_view text)
         if (length == 0)
             result.push_back(text[at]);
         else
-            appendUtf8(result, lowerCase(decode(text.substr(at, length))));
+            appendUtf8(result, lowerCase(codePointOf(text.substr(at, length))));
         at += std::max<std::size_t>(1, length);
     }
     return result;
@@ -321,21 +310,6 @@ bool containsIgnoringCase(std::string_view text, std::string_view word)
     for (std::size_t at = 0; at + last < text.size(); at += step.at(byteAt(text, at + last)))
         if (std::equal(word.begin(), word.end(), text.substr(at).begin(), isLetter)) return true;
     return false;
-}
-
-std::string toUtf8(std::string_view text)
-{
-    std::string result;
-    result.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t length = sequenceLength(text, at);
-        if (length == 0)
-            appendUtf8(result, windows1252(byteAt(text, at)));
-        else
-            result.append(text.substr(at, length));
-        at += std::max<std::size_t>(1, length);
-    }
-    return result;
 }
 
 }  // namespace kavo

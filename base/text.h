@@ -14,6 +14,12 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 /// Bytes of the character that starts at byte `position` (0-based): 1 to 4, or 0 at the end.
 [[nodiscard]] std::size_t characterLength(std::string_view text, std::size_t position);
 
+/// The number of a character of UTF-8 among all characters.
+[[nodiscard]] char32_t codePointOf(std::string_view character);
+
+/// Adds the character of that number in UTF-8.
+void appendUtf8(std::string& text, char32_t codePoint);
+
 [[nodiscard]] std::size_t countCharacters(std::string_view text);
 
 /// Byte position (0-based) of the character that stands `characters` after byte `from`; the text's
@@ -62,8 +68,5 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 
 /// Whether `word` (lower-case ASCII letters, at least one) stands in the text in any case.
 [[nodiscard]] bool containsIgnoringCase(std::string_view text, std::string_view word);
-
-/// The text as valid UTF-8: a byte that is none becomes its Windows-1252 character.
-[[nodiscard]] std::string toUtf8(std::string_view text);
 
 }  // namespace kavo

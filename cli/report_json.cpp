@@ -1,6 +1,6 @@
 #include "cli/report_json.h"
 
-#include "base/text.h"
+#include "base/shown_text.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,6 +1,7 @@
 #include "forms/screen_text.h"
 
 #include "base/file_name.h"
+#include "base/shown_text.h"
 #include "base/text.h"
 
 namespace kavo {

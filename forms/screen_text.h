@@ -20,8 +20,8 @@ inline constexpr std::size_t kLongestCaption = 256;
 /// Characters that a box with many lines shows at most.
 inline constexpr std::size_t kLongestPage = 1'000'000;
 
-/// Valid UTF-8 as it is; any other byte as its Windows-1252 character. A text longer than `longest` characters
-/// is cut there, and an ellipsis tells so: whoever writes it back keeps the bytes.
+/// Valid UTF-8 as it is; any other byte as its character in the code page in force (base/code_page.h). A text
+/// longer than `longest` characters is cut there, and an ellipsis tells so: whoever writes it back keeps the bytes.
 [[nodiscard]] QString toScreen(std::string_view bytes, std::size_t longest = kLongestLine);
 
 /// The same for a box with many lines: each of them is cut, and the text behind kLongestPage characters.

@@ -1,6 +1,7 @@
 #include "reports/section_box.h"
 
 #include "base/run_time_error.h"
+#include "base/shown_text.h"
 #include "base/text.h"
 #include "forms/event_guard.h"
 #include "forms/screen_text.h"
@@ -20,14 +21,13 @@ namespace {
 /// of four bytes as two.
 std::size_t bytesBehind(std::string_view bytes, qsizetype units)
 {
-    std::size_t at = 0;
-    while (at < bytes.size() && units > 0) {
-        const bool isLineEnd = bytes.substr(at, kLineEnd.size()) == kLineEnd;
-        const std::size_t length = isLineEnd ? kLineEnd.size() : characterLength(bytes, at);
-        units -= length == 4 ? 2 : 1;
-        at += length;
+    ShownCharacters characters(bytes);
+    while (!characters.atEnd() && units > 0) {
+        const bool isLineEnd = bytes.substr(characters.position(), kLineEnd.size()) == kLineEnd;
+        if (isLineEnd) characters.next();
+        units -= characters.next().size() == 4 ? 2 : 1;
     }
-    return at;
+    return characters.position();
 }
 
 qsizetype commonStart(const QString& a, const QString& b)
@@ -50,6 +50,25 @@ std::string typedBytes(QString text)
     return fromScreen(text);
 }
 
+bool isInWord(QChar unit)
+{
+    return unit.unicode() >= 0x80 && unit != QChar::ParagraphSeparator && unit != QChar::LineSeparator;
+}
+
+/// Where a word begins that an edit from `start` on touches: such a word becomes UTF-8 as a whole.
+qsizetype startOfWord(const QString& text, qsizetype start)
+{
+    while (start > 0 && isInWord(text.at(start - 1))) --start;
+    return start;
+}
+
+/// The same from the end.
+qsizetype endOfWord(const QString& text, qsizetype end)
+{
+    while (end > 0 && isInWord(text.at(text.size() - end))) --end;
+    return end;
+}
+
 }  // namespace
 
 SectionBox::SectionBox(QPlainTextEdit& box) : m_box(box)
@@ -70,8 +89,12 @@ void SectionBox::takeEdit()
 {
     // Not toPlainText: that turns no-break spaces into plain ones.
     const QString text = m_box.document()->toRawText();
-    const qsizetype start = commonStart(m_text, text);
-    const qsizetype end = commonEnd(m_text, text, start);
+    qsizetype start = commonStart(m_text, text);
+    qsizetype end = commonEnd(m_text, text, start);
+    if (!mayMixInWords(codePageInForce())) {
+        start = startOfWord(text, start);
+        end = endOfWord(text, end);
+    }
     const std::string_view before = m_bytes;
     m_bytes = std::string(before.substr(0, bytesBehind(before, start)))
                   .append(typedBytes(text.sliced(start, text.size() - end - start)))

@@ -1,5 +1,6 @@
 #include "reports/spreadsheet_export.h"
 
+#include "base/shown_text.h"
 #include "base/text.h"
 #include "core/level_time.h"
 #include "core/levels.h"

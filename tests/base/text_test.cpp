@@ -179,12 +179,14 @@ TEST(ContainsIgnoringCase, FindsAWord)
     EXPECT_FALSE(containsIgnoringCase(std::string(1000, 'r') + "\xFF\xD0", "player"));
 }
 
-TEST(ToUtf8, ShowsOtherBytesAsWindows1252)
+TEST(CodePoint, GoesWithItsBytes)
 {
-    EXPECT_EQ(toUtf8("Жанна"), "Жанна");
-    EXPECT_EQ(toUtf8("J\xFCrgen"), "Jürgen");
-    EXPECT_EQ(toUtf8("\x80\x9F\x81"), "€Ÿ\xC2\x81");
-    EXPECT_EQ(toUtf8("\xFF"), "ÿ");
+    for (const auto& [bytes, codePoint] : {std::pair{"A", U'A'}, {"ж", U'ж'}, {"日", U'日'}, {"🏁", U'🏁'}}) {
+        EXPECT_EQ(codePointOf(bytes), codePoint);
+        std::string text = "x";
+        appendUtf8(text, codePoint);
+        EXPECT_EQ(text, std::string("x") + bytes);
+    }
 }
 
 }  // namespace

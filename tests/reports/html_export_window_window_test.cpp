@@ -1,3 +1,4 @@
+#include "base/code_page.h"
 #include "reports/html_export_window.h"
 #include "tests/support/report_window_fixture.h"
 
@@ -287,6 +288,28 @@ TEST_F(HtmlExportWindow, BytesThatAreNoUtf8SurviveWhereNothingIsEdited)
     QTest::keyClick(&box("Text2"), Qt::Key_Return);
     QTest::keyClicks(&box("Text2"), "Y");
     EXPECT_TRUE(save().starts_with("\xE9Xt\xE9 \xC2\xA0 \xF0\x9F\x8F\x81\r\n\x80\r\nY\r\n%template2%\r\n")) << save();
+}
+
+// The first two bytes would be one letter of UTF-8: a cursor counts the letters that it shows.
+TEST_F(HtmlExportWindow, WordsInACodePageSurviveBesideAnEdit)
+{
+    const kavo::CodePageInForce cyrillic(kavo::findCodePage("1251").value());
+    const std::string rest = "\r\n%template2%\r\nb\r\n%template3%\r\nc\r\n%template4%\r\nd\r\n";
+    const std::string fyodor = "\xD4\xB8\xE4\xEE\xF0";
+    folder.write("old.ett", fyodor + " " + fyodor + "\r\n\xC6" + rest);
+    load("old.ett");
+    EXPECT_EQ(box("Text2").toPlainText(), "Фёдор Фёдор\nЖ");
+    EXPECT_EQ(save(), folder.read("old.ett"));
+    box("Text2").moveCursor(QTextCursor::Start);
+    for (int letter = 1; letter <= 6; ++letter) QTest::keyClick(&box("Text2"), Qt::Key_Right);
+    QTest::keyClicks(&box("Text2"), "X ");
+    EXPECT_EQ(save(), fyodor + " X " + fyodor + "\r\n\xC6" + rest);
+    // A word that is edited is typed text.
+    QTest::keyClick(&box("Text2"), Qt::Key_Delete);
+    EXPECT_EQ(box("Text2").toPlainText(), "Фёдор X ёдор\nЖ");
+    EXPECT_EQ(save(), fyodor + " X ёдор\r\n\xC6" + rest);
+    box("Text2").insertPlainText("Ж");
+    EXPECT_EQ(save(), fyodor + " X Жёдор\r\n\xC6" + rest);
 }
 
 TEST_F(HtmlExportWindow, SavingWhereNothingCanBeWrittenIsReported)

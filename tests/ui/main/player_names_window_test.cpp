@@ -1,3 +1,4 @@
+#include "base/code_page.h"
 #include "tests/support/window_fixture.h"
 
 #include <QHeaderView>
@@ -18,11 +19,16 @@ protected:
         std::filesystem::remove(folder / "Marek/bugs.dat");
     }
 
-    /// Level 1 is player 1's, level 2 is player 2's.
-    void startWithNames(const std::string& player1, const std::string& player2, const std::string& team)
+    void startWithHeaders(const std::string& player1, const std::string& player2, const std::string& team)
     {
         folder.write("Marek/names.dat", player1 + "\r\n" + player2 + "\r\n" + team + "\r\n");
         startLoggedIn();
+    }
+
+    /// Level 1 is player 1's, level 2 is player 2's.
+    void startWithNames(const std::string& player1, const std::string& player2, const std::string& team)
+    {
+        startWithHeaders(player1, player2, team);
         EXPECT_EQ(cell(1, 8).toStdString(), player1);
         EXPECT_EQ(cell(2, 8).toStdString(), player2);
         EXPECT_EQ(cell(55, 8), "Team");
@@ -58,6 +64,20 @@ TEST_F(PlayerNames, HeadersOfPlayersAndTeamAskForNames)
     EXPECT_EQ(folder.read("Marek/names.dat"), " Zoe \r\nMax\r\nPair\r\n");
     EXPECT_EQ(header(0), "Level");
     EXPECT_EQ(header(5), "Difference");
+}
+
+TEST_F(PlayerNames, NamesInACodePageAreReadAndKeepTheirBytes)
+{
+    const kavo::CodePageInForce cyrillic(kavo::findCodePage("1251").value());
+    startWithHeaders("\xD4\xB8\xE4\xEE\xF0", "Bob", "\xC6\xE0\xED\xED\xE0");
+    EXPECT_EQ(header(1), "Фёдор");
+    EXPECT_EQ(cell(1, 8), "Фёдор");
+    EXPECT_EQ(header(6), "Жанна");
+    expectPlayer("Фёдор", QString("Фёдор"));  // left as it was
+    clickHeader(1);
+    expectPlayer("Bob", QString("Боб"));  // typed
+    clickHeader(3);
+    EXPECT_EQ(folder.read("Marek/names.dat"), "\xD4\xB8\xE4\xEE\xF0\r\nБоб\r\n\xC6\xE0\xED\xED\xE0\r\n");
 }
 
 TEST_F(PlayerNames, EmptyAnswerAndCancelChangeNothing)
