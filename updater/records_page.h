@@ -2,9 +2,11 @@
 
 #include "core/levels.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The world-records page: a table of 27 rows with two right-aligned cells each, level r on the left and
 /// level r + 27 on the right (docs/records-page.md). Whatever a page holds, its parsing ends with 54 texts.
@@ -12,6 +14,8 @@ namespace kavo {
 
 /// Host of the page unless the user names another.
 inline constexpr std::string_view kRecordsHost = "records.example.com";
+
+inline constexpr std::size_t kLargestPage = std::size_t{4} << 20U;  ///< bytes: far more than any page of records has
 
 /// Address of the page on a host ("host" or "host:port"). A host that begins with http:// or https:// is
 /// the address that the page's path is added to; without one it is the default host.
@@ -29,6 +33,9 @@ using TargetRecords = OneBased<std::string, kTotalsRow>;
 
 /// The times as MM:SS:HH, and their sum as record 55.
 [[nodiscard]] TargetRecords worldRecords(const RecordTimes& times);
+
+/// The levels whose record is no time of the form MM:SS:HH: the page was another one, or not whole.
+[[nodiscard]] std::vector<int> levelsWithoutTime(const TargetRecords& records);
 
 /// Content of `targets.txt`: each world record with the line of `fixedTargets` (55 lines of World Class,
 /// Professional, Good, OK) that belongs to it. Throws RunTimeError(InputPastEnd) when lines are missing.

@@ -56,6 +56,23 @@ TEST(RecordsPage, LeftCellsAreLevels1To27AndRightCellsLevels28To54)
     }
 }
 
+TEST(RecordsPage, LevelsWithoutATimeAreTold)
+{
+    using Levels = std::vector<int>;
+    const auto without = [](const std::string& page) {
+        return kavo::levelsWithoutTime(kavo::worldRecords(kavo::cutRecordTimes(page)));
+    };
+    EXPECT_EQ(without(pageOf("12,34", "1:23,45")), Levels());
+    EXPECT_EQ(without("").size(), 54U);
+    Levels right;
+    for (int level = 28; level <= 54; ++level) right.push_back(level);
+    for (const char* cell : {"", "-", "12,3", "1:2,34", "12.34", "1a,34", "12,34s", "10:23,45", "\u0661\u0662,34"})
+        EXPECT_EQ(without(pageOf("12,34", cell)), right) << cell;
+    std::string page = pageOf("12,34", "1:23,45");
+    page.resize(page.rfind("<td"));  // the last cell is missing
+    EXPECT_EQ(without(page), Levels{54});
+}
+
 TEST(RecordsPage, TimesAreBroughtIntoLevelTimeForm)
 {
     EXPECT_EQ(normalisedOnPage("12,34"), "00:12:34");
