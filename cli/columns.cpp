@@ -1,6 +1,7 @@
 #include "cli/columns.h"
 
-#include "base/text.h"
+#include "cli/display_width.h"
+#include "cli/escape.h"
 #include "cli/printable.h"
 
 #include <algorithm>
@@ -8,9 +9,6 @@
 namespace kavo {
 
 namespace {
-
-constexpr std::string_view kGap = "  ";
-constexpr std::string_view kReset = "\x1b[0m";
 
 /// Makes the texts printable and returns how wide their columns are.
 std::vector<std::size_t> prepare(std::vector<PrintedRow>& rows)
@@ -20,29 +18,17 @@ std::vector<std::size_t> prepare(std::vector<PrintedRow>& rows)
         widths.resize(std::max(widths.size(), row.size()));
         for (std::size_t i = 0; i < row.size(); ++i) {
             makePrintable(row[i].text);
-            widths[i] = std::max(widths[i], countCharacters(row[i].text));
+            widths[i] = std::max(widths[i], displayWidth(row[i].text));
         }
     }
     return widths;
 }
 
-std::string escapeFor(const PrintedCell& cell)
-{
-    std::string escape;
-    if (cell.bold) escape += "\x1b[1m";
-    if (cell.colour) {
-        const auto colour = static_cast<std::uint32_t>(*cell.colour);
-        escape += "\x1b[38;2;" + std::to_string(colour & 0xFFU) + ";" + std::to_string((colour >> 8U) & 0xFFU) + ";" +
-                  std::to_string((colour >> 16U) & 0xFFU) + "m";
-    }
-    return escape;
-}
-
 void appendCell(std::string& text, const PrintedCell& cell, std::size_t width, Colours colours)
 {
-    const std::string escape = colours == Colours::None ? std::string{} : escapeFor(cell);
-    text.append(escape).append(cell.text).append(width - countCharacters(cell.text), ' ');
-    if (!escape.empty()) text += kReset;
+    const std::string escape = escapeFor(cell.colour, cell.bold, colours);
+    text.append(escape).append(cell.text).append(width - displayWidth(cell.text), ' ');
+    if (!escape.empty()) text += kEscapeEnd;
 }
 
 }  // namespace
@@ -53,7 +39,7 @@ std::string formatColumns(std::vector<PrintedRow> rows, Colours colours)
     std::string text;
     for (const PrintedRow& row : rows) {
         for (std::size_t i = 0; i < row.size(); ++i) {
-            if (i > 0) text += kGap;
+            if (i > 0) text += kColumnGap;
             appendCell(text, row[i], widths[i], colours);
         }
         if (colours == Colours::None) text.resize(text.find_last_not_of(' ') + 1);

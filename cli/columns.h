@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kavo {
@@ -18,6 +19,8 @@ struct PrintedCell
 };
 
 using PrintedRow = std::vector<PrintedCell>;
+
+inline constexpr std::string_view kColumnGap = "  ";
 
 /// Rows of the same number of cells in aligned columns, in UTF-8. With colours, each cell in its own and bold
 /// where marked.

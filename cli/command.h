@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/command_error.h"
 #include "cli/option.h"
 #include "cli/output.h"
 #include "cli/terminal.h"
@@ -24,12 +25,15 @@ struct CommandContext
     std::FILE* in;
     Output& out;
     Messages& messages;
-    Terminal terminal;                 ///< what `out` is
+    Terminal terminal;
     std::function<std::time_t()> now;  ///< for the dates in reports
 
-    /// Where the users and the targets are. Throws as findProgramFolder does.
+    /// Where the users and the targets are. Throws CommandError when there is no such folder.
     [[nodiscard]] std::filesystem::path programFolder() const;
 };
+
+/// The file that an argument names, in any case of letters: its whole path, as messages name it.
+[[nodiscard]] std::filesystem::path fileNamed(std::string_view argument);
 
 /// One command on the way from its arguments to its end. Made for one call.
 class Command
@@ -40,8 +44,8 @@ public:
     /// Its options and arguments; their values arrive in the command.
     [[nodiscard]] virtual std::vector<Option> options() { return {}; }
 
-    /// Does what was asked for. Failures are thrown: RunTimeError, or UsageError for what only a look at all
-    /// values can tell.
+    /// Does what was asked for. Failures are thrown: RunTimeError or CommandError, or UsageError for what
+    /// only a look at all values can tell.
     [[nodiscard]] virtual ExitStatus run(const CommandContext& context) = 0;
 };
 

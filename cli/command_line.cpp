@@ -1,5 +1,6 @@
 #include "cli/command_line.h"
 
+#include "base/code_page.h"
 #include "base/run_time_error.h"
 #include "cli/call.h"
 #include "cli/help.h"
@@ -28,8 +29,16 @@ std::string whereHelpIs(const Call& call)
     return text + "--help";
 }
 
-ExitStatus runCall(const std::vector<std::string>& arguments, const CommandStreams& streams, Output& out,
-                   Messages& messages)
+/// What a call needs from its first word to its last message.
+struct Run
+{
+    const CommandStreams& streams;
+    Output out{streams.out};
+    Messages messages{streams.error};
+    std::optional<CodePageInForce> codePage = {};
+};
+
+ExitStatus runCall(const std::vector<std::string>& arguments, Run& run)
 {
     CommonOptions common;
     std::vector<Option> options = common.options();
@@ -40,38 +49,41 @@ ExitStatus runCall(const std::vector<std::string>& arguments, const CommandStrea
         for (Option& option : command->options()) options.push_back(std::move(option));
     }
     const Answer answer = parseArguments(options, call.arguments, whereHelpIs(call));
-    if (answer != Answer::None) return give(answer, call, out);
+    if (answer != Answer::None) return give(answer, call, run.out);
     if (!command) {
         // No table comes from such a call, so a script that waits for one must see it fail.
-        messages.show(generalHelp());
+        run.messages.show(generalHelp());
         return kUsageError;
     }
+    run.codePage.emplace(chosenCodePage(common.codePage));
     return command->run({.programFolderOption = common.programFolder,
                          .user = common.user,
-                         .in = streams.in,
-                         .out = out,
-                         .messages = messages,
-                         .terminal = streams.terminal,
-                         .now = streams.now});
+                         .in = run.streams.in,
+                         .out = run.out,
+                         .messages = run.messages,
+                         .terminal = terminalOf(run.streams.output, common.colour.value_or(std::string(kColourAuto))),
+                         .now = run.streams.now});
 }
 
 }  // namespace
 
 int runCommandLine(int argc, const char* const* argv, const CommandStreams& streams)
 {
-    Output out(streams.out);
-    Messages messages(streams.error);
+    Run run{streams};
     try {
-        const ExitStatus status = runCall({argv + std::min(argc, 1), argv + argc}, streams, out, messages);
-        out.flush();
+        const ExitStatus status = runCall({argv + std::min(argc, 1), argv + argc}, run);
+        run.out.flush();
         return status;
     } catch (const OutputClosed&) {
         return kEndedEarly;
     } catch (const UsageError& error) {
-        messages.tell(error.what());
+        run.messages.tell(error.what());
+        return kUsageError;
+    } catch (const UnknownCodePage& error) {
+        run.messages.tell(error.what());
         return kUsageError;
     } catch (const std::exception& error) {
-        messages.tell(inWords(error));
+        run.messages.tell(inFull(error));
         return kEndedEarly;
     }
 }

@@ -10,7 +10,7 @@ struct CommandStreams
     std::FILE* in;
     std::FILE* out;
     std::FILE* error;
-    Terminal terminal;                                                     ///< what `out` is
+    OutputFacts output;                                                    ///< what `out` is
     std::function<std::time_t()> now = [] { return std::time(nullptr); };  ///< for the dates in reports
 };
 

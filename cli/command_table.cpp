@@ -17,9 +17,11 @@ constexpr std::array kCommands = {
         .name = "show",
         .group = kResults,
         .summary = "Print the results table",
-        .details = "In colours where standard output is a terminal. As JSON it comes with grade counts, victories, "
-                   "colours and bold marks, also when an error ended the loading.",
+        .details = "In colours where standard output is a terminal. --fit shortens the names of levels and players, "
+                   "then the grades, never a time. As JSON it comes with grade counts, victories, colours and bold "
+                   "marks, also when an error ended the loading.",
         .examples = "kavo-timing-cli show --filter1 Victories\n"
+                    "kavo-timing-cli show --fit --colour always | less -R\n"
                     "kavo-timing-cli show --json | jq -r '.rows[-1].cells[1]'",
         .make = makeShowCommand,
     },
@@ -85,6 +87,12 @@ std::vector<Option> CommonOptions::options()
                "the folder with users, targets and settings (environment: KAVO_PROGRAM_FOLDER)"),
         option("--user", {.name = "NICK", .kind = ValueKind::Nick}, &user,
                "whose results; by default who logged in last"),
+        option("--code-page", {.name = "NAME"}, &codePage,
+               "how texts that are no UTF-8 are shown: 1250, 1251, 1252, 866, koi8-r, iso-8859-2 ... (environment: "
+               "KAVO_CODE_PAGE)"),
+        option("--colour,--color",
+               {.name = "WHEN", .kind = ValueKind::Choice, .choices = {kColourAuto, kColourAlways, kColourNever}},
+               &colour, "colours for people; by default on a terminal that has them, unless NO_COLOR is set"),
         answer("-h,--help", Answer::Help, "this text; behind a command, the text about it"),
         answer("--version", Answer::Version, "the version"),
     };

@@ -30,6 +30,8 @@ struct CommonOptions
 {
     std::optional<std::string> programFolder;
     std::optional<std::string> user;
+    std::optional<std::string> codePage;
+    std::optional<std::string> colour;
 
     [[nodiscard]] std::vector<Option> options();
 };

@@ -21,7 +21,7 @@ public:
 
     ExitStatus run(const CommandContext& context) override
     {
-        const auto path = locate(pathOf(m_template));
+        const auto path = fileNamed(m_template);
         if (!fileExists(path)) throw RunTimeError(Failure::FileNotFound, path);
         const TemplateSections sections = loadTemplateFile({}, path);
         const std::time_t now = context.now();

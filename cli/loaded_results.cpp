@@ -1,5 +1,10 @@
 #include "cli/loaded_results.h"
 
+#include "base/file_name.h"
+#include "base/run_time_error.h"
+#include "cli/user_advice.h"
+#include "core/targets.h"
+
 namespace kavo {
 
 namespace {
@@ -19,11 +24,36 @@ private:
     std::vector<std::string>& m_messages;
 };
 
+constexpr const char* kWhereToChoose = "; the window's Options (F2) choose the file";
+
+/// A loading goes on without a statistics file: the table is empty then.
+std::string aboutMissingFile(const Session& session)
+{
+    const RunTimeError error(Failure::FileNotFound, locateTyped(session.programFolder, session.StatsPath));
+    return error.inFull() + kWhereToChoose;
+}
+
+/// The texts of boxes stand as they are; behind them comes what they do not say to somebody without a window.
+std::string adviceOn(std::string_view message, const LoadedResults& loaded)
+{
+    if (message == messages::kWrongFile)
+        return " (" + textOf(loaded.result.wrongFile) + " is no statistics file of the game" + kWhereToChoose + ")";
+    if (message == messages::kMissingTargets)
+        return " (" + textOf(targetsFile(loaded.session.programFolder)) +
+               "; without a window: kavo-timing-cli update-targets --page FILE)";
+    return {};
+}
+
 }  // namespace
 
 ExitStatus LoadedResults::status() const
 {
     return result.end == LoadingEnd::Completed ? kDone : kEndedEarly;
+}
+
+bool LoadedResults::hasTable() const
+{
+    return status() == kDone || session.table.rowCount() > 0;
 }
 
 LoadedResults loadResults(const CommandContext& context)
@@ -37,8 +67,11 @@ LoadedResults loadResults(const CommandContext& context)
 
 void tellMessages(const LoadedResults& loaded, Messages& messages)
 {
-    for (const std::string& message : loaded.messages) messages.tell(message);
-    if (!loaded.result.error.empty()) messages.tell(loaded.result.error);
+    for (const std::string& message : loaded.messages) messages.tell(message + adviceOn(message, loaded));
+    const LoadingResult& result = loaded.result;
+    if (!result.error.empty()) messages.tell(result.errorInFull + adviceOnUser(loaded.session));
+    if (result.end == LoadingEnd::Completed && loaded.session.table.rowCount() == 0)
+        messages.tell(aboutMissingFile(loaded.session));
 }
 
 }  // namespace kavo

@@ -13,6 +13,9 @@ struct LoadedResults
     LoadingResult result;
 
     [[nodiscard]] ExitStatus status() const;
+
+    /// Whether there is something to print as a table: not when the loading ended before its first row.
+    [[nodiscard]] bool hasTable() const;
 };
 
 /// Runs the loading for the user that the call names. It writes nothing into the program folder.

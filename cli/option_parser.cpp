@@ -32,7 +32,7 @@ std::string chooseAmong(const Value& value, std::string& typed)
     }
     std::string all = "; there are ";
     for (std::size_t i = 0; i < value.choices.size(); ++i) all.append(i == 0 ? "" : ", ").append(value.choices[i]);
-    return "unknown " + foldCase(value.name) + " " + typed + didYouMean(typed, value.choices, all);
+    return "unknown value " + typed + didYouMean(typed, value.choices, all);
 }
 
 template <typename Number>
@@ -123,11 +123,13 @@ std::optional<std::string> firstUnexpected(const CLI::App& app)
 
 std::string unexpected(const std::string& word, const std::vector<Option>& options, std::string_view whereHelpIs)
 {
-    if (!isOption(word)) return std::string("unexpected argument ").append(word).append(whereHelpIs);
     std::vector<std::string_view> names;
     for (const Option& option : options)
         for (const std::string_view name : namesOf(option.info)) names.push_back(name);
     const std::string name = word.substr(0, word.find('='));
+    // Behind "--" an option's name is a word like any other.
+    const bool isKnown = std::find(names.begin(), names.end(), name) != names.end();
+    if (isKnown || !isOption(word)) return std::string("unexpected argument ").append(word).append(whereHelpIs);
     return "unknown option " + name + didYouMean(name, names, whereHelpIs);
 }
 

@@ -1,6 +1,6 @@
 #include "cli/output.h"
 
-#include "base/run_time_error.h"
+#include "cli/command_error.h"
 #include "cli/printable.h"
 
 #include <cerrno>
@@ -14,7 +14,7 @@ constexpr std::string_view kProgramName = "kavo-timing-cli: ";
 [[noreturn]] void failWriting()
 {
     if (errno == EPIPE) throw OutputClosed();
-    throw RunTimeError(failureOf({errno, std::generic_category()}));
+    throw aboutStream("standard output", errno);
 }
 
 }  // namespace

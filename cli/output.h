@@ -13,7 +13,7 @@ public:
     [[nodiscard]] const char* what() const noexcept override { return "Output closed"; }
 };
 
-/// Standard output. What cannot be written is noticed: write() and flush() throw RunTimeError or OutputClosed.
+/// Standard output. What cannot be written is noticed: write() and flush() throw CommandError or OutputClosed.
 class Output final
 {
 public:

@@ -1,7 +1,8 @@
 #include "cli/report_output.h"
 
-#include "base/file_name.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
+#include "cli/printable.h"
 
 namespace kavo {
 
@@ -9,19 +10,26 @@ namespace {
 
 constexpr std::string_view kStandardOutput = "-";
 
+/// The very bytes of a report's file, but for a terminal, which is no file.
 class OutputLines final : public ReportLines
 {
 public:
-    explicit OutputLines(Output& out) : m_out(out) {}
+    explicit OutputLines(const CommandContext& context) : m_out(context.out), m_isTerminal(context.terminal.isTerminal)
+    {
+    }
 
     void write(std::string_view text) override
     {
-        m_out.write(text);
+        if (m_isTerminal)
+            m_out.write(printableLines(text));
+        else
+            m_out.write(text);
         m_out.write(kLineEnd);
     }
 
 private:
     Output& m_out;
+    bool m_isTerminal;
 };
 
 }  // namespace
@@ -37,10 +45,15 @@ ExitStatus writeReport(const CommandContext& context, std::string_view file, con
     tellMessages(loaded, context.messages);
     if (loaded.status() != kDone) return loaded.status();
     if (file == kStandardOutput) {
-        OutputLines lines(context.out);
+        OutputLines lines(context);
         writers.toLines(loaded.session, lines);
-    } else {
-        writers.toFile(loaded.session, locate(pathOf(file)));
+        return kDone;
+    }
+    const std::filesystem::path path = fileNamed(file);
+    try {
+        writers.toFile(loaded.session, path);
+    } catch (const RunTimeError& error) {
+        throw error.about(path);  // the report ends where it broke off
     }
     return kDone;
 }

@@ -1,5 +1,6 @@
 #include "cli/command_factories.h"
 #include "cli/loaded_results.h"
+#include "cli/printable.h"
 #include "cli/report_json.h"
 #include "cli/table_print.h"
 #include "core/filters.h"
@@ -24,6 +25,8 @@ public:
         const Value filter = {.name = "NAME", .kind = ValueKind::Choice, .choices = filterNames()};
         return {
             flag("--json", m_json, "print everything as one JSON object"),
+            flag("--fit", m_fits, "shorten names, then grades, to the terminal's width (else COLUMNS, else 80)")
+                .excluding("--json"),
             option("--filter1", filter, &m_filter1, "keep the rows of one grade of player 1"),
             option("--filter2", filter, &m_filter2, "keep the rows of one grade of player 2").excluding("--filter1"),
         };
@@ -36,13 +39,29 @@ public:
         if (m_filter1) applyFilter(table, FilterSide::Player1, *m_filter1);
         if (m_filter2) applyFilter(table, FilterSide::Player2, *m_filter2);
         tellMessages(loaded, context.messages);
-        context.out.write(m_json ? formatJson({loaded.session, loaded.result, loaded.messages})
-                                 : formatTable(table, context.terminal.colours));
+        if (m_json)
+            writeJson(loaded, context);
+        else if (loaded.hasTable())
+            writeTable(table, context);
         return loaded.status();
     }
 
 private:
+    static void writeJson(const LoadedResults& loaded, const CommandContext& context)
+    {
+        const std::string json = formatJson({loaded.session, loaded.result, loaded.messages});
+        context.out.write(context.terminal.isTerminal ? printableJson(json) : json);
+    }
+
+    void writeTable(const ResultsTable& table, const CommandContext& context) const
+    {
+        const Terminal& terminal = context.terminal;
+        const auto width = m_fits ? std::optional(terminal.columns) : std::nullopt;
+        context.out.write(formatTable(table, terminal.colours, width));
+    }
+
     bool m_json = false;
+    bool m_fits = false;
     std::optional<std::string> m_filter1;
     std::optional<std::string> m_filter2;
 };

@@ -1,7 +1,8 @@
 #include "cli/table_print.h"
 
-#include "cli/columns.h"
+#include "cli/column_fit.h"
 
+#include <array>
 #include <utility>
 
 namespace kavo {
@@ -28,14 +29,28 @@ PrintedRow rowOf(const ResultsTable& table, int row)
     return printed;
 }
 
+/// What may be shortened: never a time.
+constexpr std::array<Shrink, kColumns> kShrink = {
+    Shrink::Names,    // Level
+    Shrink::Heading,  // Time1
+    Shrink::Grades,   // Target1
+    Shrink::Heading,  // Time2
+    Shrink::Grades,   // Target2
+    Shrink::Heading,  // Difference
+    Shrink::Heading,  // Team
+    Shrink::Grades,   // TeamTarget
+    Shrink::Names,    // Author
+};
+
 }  // namespace
 
-std::string formatTable(const ResultsTable& table, Colours colours)
+std::string formatTable(const ResultsTable& table, Colours colours, std::optional<std::size_t> width)
 {
     std::vector<PrintedRow> rows;
     rows.reserve(static_cast<std::size_t>(table.rowCount()) + 1);
     rows.push_back(headersOf(table));
     for (int row = 1; row <= table.rowCount(); ++row) rows.push_back(rowOf(table, row));
+    if (width) fitColumns(rows, kShrink, *width);
     return formatColumns(std::move(rows), colours);
 }
 

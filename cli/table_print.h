@@ -3,11 +3,15 @@
 #include "cli/terminal.h"
 #include "core/results_table.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
 
 namespace kavo {
 
-/// The table with its headers in aligned columns, in UTF-8.
-[[nodiscard]] std::string formatTable(const ResultsTable& table, Colours colours);
+/// The table with its headers in aligned columns, in UTF-8. With a width, names and grades are shortened to make
+/// it fit.
+[[nodiscard]] std::string formatTable(const ResultsTable& table, Colours colours,
+                                      std::optional<std::size_t> width = {});
 
 }  // namespace kavo

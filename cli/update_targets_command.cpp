@@ -1,33 +1,61 @@
 #include "base/file_name.h"
 #include "base/run_time_error.h"
-#include "base/text_file.h"
+#include "cli/bounded_input.h"
 #include "cli/command_factories.h"
+#include "core/targets.h"
 #include "updater/records_page.h"
 
-#include <array>
+#include <algorithm>
+#include <vector>
 
 namespace kavo {
 
 namespace {
 
-constexpr std::string_view kStandardInput = "-";
+using Levels = std::vector<int>;  // in their order
 
-constexpr std::size_t kLargestPage = std::size_t{4} << 20U;  ///< bytes, as in the updater's window
-
-/// Everything up to the end, if that comes.
-std::string readAll(std::FILE* in)
+/// "level 5", "levels 1, 7, 9 to 54"
+std::string inWords(const Levels& levels)
 {
-    constexpr std::size_t kReadSize = 1U << 16U;
-    std::string text;
-    for (std::size_t got = kReadSize; got == kReadSize;) {
-        const std::size_t before = text.size();
-        text.resize(before + kReadSize);
-        got = std::fread(text.data() + before, 1, kReadSize, in);
-        text.resize(before + got);
-        if (text.size() > kLargestPage) throw RunTimeError(Failure::FileTooLarge, "standard input");
+    std::string text = levels.size() == 1 ? "level " : "levels ";
+    for (std::size_t first = 0; first < levels.size();) {
+        std::size_t last = first;
+        while (last + 1 < levels.size() && levels[last + 1] == levels[last] + 1) ++last;
+        if (last == first + 1) last = first;  // two are no range
+        text.append(first == 0 ? "" : ", ").append(std::to_string(levels[first]));
+        if (last > first) text.append(" to ").append(std::to_string(levels[last]));
+        first = last + 1;
     }
-    if (std::ferror(in) != 0) throw RunTimeError(Failure::PathFileAccess, "standard input");
     return text;
+}
+
+/// "53 of 54 records found, no time of the form MM:SS:HH for level 54"
+std::string whatWasFound(const Levels& without)
+{
+    const int found = kLevels - static_cast<int>(without.size());
+    if (without.empty()) return std::to_string(found) + " records found";
+    return std::to_string(found) + " of " + std::to_string(kLevels) +
+           " records found, no time of the form MM:SS:HH for " + inWords(without);
+}
+
+/// The world records that the targets hold so far, as far as they can be read; nothing without targets.
+std::optional<TargetRecords> formerRecords(const std::filesystem::path& programFolder)
+{
+    ResultsState state;
+    try {
+        if (!LoadTargets(programFolder, state)) return std::nullopt;
+    } catch (const RunTimeError&) {
+        // Targets that end early are about to be replaced by whole ones.
+    }
+    return state.TargetWR;
+}
+
+Levels changedLevels(const TargetRecords& former, const TargetRecords& records)
+{
+    Levels changed;
+    for (int level = 1; level <= kLevels; ++level)
+        if (former[level] != records[level]) changed.push_back(level);
+    return changed;
 }
 
 class UpdateTargetsCommand final : public Command
@@ -35,21 +63,44 @@ class UpdateTargetsCommand final : public Command
 public:
     std::vector<Option> options() override
     {
-        return {option("--page", {.name = "FILE", .kind = ValueKind::File}, &m_page,
+        return {flag("--force", m_force, "write whatever the page gives, as the window does"),
+                option("--page", {.name = "FILE", .kind = ValueKind::File}, &m_page,
                        "the downloaded page; - is standard input")};
     }
 
     ExitStatus run(const CommandContext& context) override
     {
         const auto folder = context.programFolder();
-        const std::string page = m_page == kStandardInput
-                                     ? readAll(context.in)
-                                     : std::string(readContent(locate(pathOf(m_page)), kLargestPage).view());
-        rewriteTargets(folder, worldRecords(cutRecordTimes(page)));
+        const NamedInput page = readInput(m_page, context.in, kLargestPage);
+        const TargetRecords records = worldRecords(cutRecordTimes(page.text));
+        const Levels without = levelsWithoutTime(records);
+        if (!without.empty() && !m_force)
+            throw CommandError(page.name + ": " + whatWasFound(without) +
+                               "; nothing was changed (--force writes what there is)");
+        const auto former = formerRecords(folder);
+        rewriteTargets(folder, records);
+        tellChanges(context.messages, textOf(targetsFile(folder)) + ": " + whatWasFound(without), former, records);
         return kDone;
     }
 
 private:
+    static void tellChanges(Messages& messages, const std::string& found, const std::optional<TargetRecords>& former,
+                            const TargetRecords& records)
+    {
+        if (!former) {
+            messages.tell(found + "; there were no targets before");
+            return;
+        }
+        const Levels changed = changedLevels(*former, records);
+        messages.tell(found + "; " + (changed.empty() ? "none" : std::to_string(changed.size())) + " changed");
+        for (const int level : changed) {
+            const std::string& before = (*former)[level];
+            messages.tell("level " + std::to_string(level) + ": " + (before.empty() ? "no time" : before) + " -> " +
+                          records[level]);
+        }
+    }
+
+    bool m_force = false;
     std::string m_page;
 };
 

@@ -1,4 +1,5 @@
 #include "cli/command_factories.h"
+#include "cli/printable.h"
 #include "core/users.h"
 
 namespace kavo {
@@ -10,7 +11,9 @@ class UsersCommand final : public Command
 public:
     ExitStatus run(const CommandContext& context) override
     {
-        for (const std::string& nick : readUsers(context.programFolder())) context.out.write(nick + "\n");
+        // A script gets the bytes by which --user finds the user.
+        for (const std::string& nick : readUsers(context.programFolder()))
+            context.out.write((context.terminal.isTerminal ? printable(nick) : nick) + "\n");
         return kDone;
     }
 };

@@ -41,7 +41,7 @@ protected:
         const std::vector<const char*> argv = {"kavo-timing-cli", "--program-folder", path.c_str(), command};
         const test::StreamFile error;
         const int status = runCommandLine(static_cast<int>(argv.size()), argv.data(),
-                                          {.in = stdin, .out = out, .error = error.file(), .terminal = {}});
+                                          {.in = stdin, .out = out, .error = error.file(), .output = {}});
         return {status, "", error.content()};
     }
 
@@ -84,7 +84,7 @@ TEST_F(CommandLine, HelpOfACommandNamesItsOptionsAndExamples)
     const Outcome help = run({"show", "--help"});
     EXPECT_EQ(help.status, 0);
     for (const char* part :
-         {"Usage: kavo-timing-cli show [--json] [--filter1 NAME | --filter2 NAME]\n", "\n  --filter1 NAME ",
+         {"Usage: kavo-timing-cli show [--json | --fit] [--filter1 NAME | --filter2 NAME]\n", "\n  --filter1 NAME ",
           "Victories", "--program-folder DIR", "\nExamples:\n  kavo-timing-cli show"})
         EXPECT_NE(help.out.find(part), std::string::npos) << part << help.out;
     EXPECT_EQ(run({"--help", "show"}).out, help.out);
@@ -144,9 +144,9 @@ TEST_F(CommandLine, MistypedWordsAreToldWithTheNearestOnes)
         {{"show", "--frobnicate"}, "unknown option --frobnicate; for help: kavo-timing-cli show --help"},
         {{"--json", "show"}, "unknown option --json before the command; the options of a command stand behind it"},
         {{"--usr", "ann", "show"}, "unknown option --usr before the command, did you mean --user?"},
-        {{"show", "--filter1", "begginer"}, "--filter1: unknown name begginer, did you mean Beginner?"},
+        {{"show", "--filter1", "begginer"}, "--filter1: unknown value begginer, did you mean Beginner?"},
         {{"show", "--filter1", "No filter"},
-         "--filter1: unknown name No filter; there are Beginner, OK, Good, Professional, World Class, World Record, "
+         "--filter1: unknown value No filter; there are Beginner, OK, Good, Professional, World Class, World Record, "
          "Victories"},
         {{"export-html", "--tempalte", "x.ett", "report.html"}, "unknown option --tempalte, did you mean --template?"},
     };
@@ -165,6 +165,7 @@ TEST_F(CommandLine, IncompleteCallsSayWhatIsMissing)
         {{"show", "--user", ""}, "--user: NICK is empty"},
         {{"show", "--user", "a", "--user", "b"}, "--user stands there twice; for help: kavo-timing-cli show --help"},
         {{"show", "extra"}, "unexpected argument extra; for help: kavo-timing-cli show --help"},
+        {{"show", "--", "--json"}, "unexpected argument --json; for help: kavo-timing-cli show --help"},
         {{"export-text"}, "FILE is required; for help: kavo-timing-cli export-text --help"},
         {{"export-text", ""}, "FILE: FILE is empty"},
         {{"show", "--filter1", "OK", "--filter2", "OK"},
@@ -184,7 +185,7 @@ TEST_F(CommandLine, FullDiskUnderStandardOutputIsTold)
     const Outcome outcome = runInto(out, "show");
     std::fclose(out);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.error, "kavo-timing-cli: Disk full\n");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: Disk full: standard output (No space left on device)\n");
 }
 
 TEST_F(CommandLine, ReaderThatLeftIsNoError)
@@ -206,7 +207,9 @@ TEST_F(CommandLine, MissingProgramFolderIsAnError)
     const Outcome outcome = runArguments({"--program-folder", "/no/such/folder", "show"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.error, "kavo-timing-cli: Path not found: folder\n");
+    EXPECT_EQ(outcome.error,
+              "kavo-timing-cli: Path not found: /no/such/folder (No such file or directory); --program-folder DIR or "
+              "KAVO_PROGRAM_FOLDER name the program folder\n");
 }
 
 TEST_F(CommandLine, MessagesKeepControlCharactersFromTheTerminal)
@@ -245,8 +248,10 @@ TEST(CommandTable, TellsWhatTheValuesOfOptionsStandFor)
     EXPECT_TRUE(html[1].isArgument());
     EXPECT_EQ(html[1].value->name, "FILE");
     const std::vector<OptionInfo> show = optionsOf(*findCommand("show"));
-    EXPECT_EQ(show[1].value->kind, ValueKind::Choice);
-    EXPECT_EQ(show[1].value->choices.front(), "Beginner");
+    ASSERT_EQ(show.size(), 4U);
+    ASSERT_TRUE(show[2].value);
+    EXPECT_EQ(show[2].value->kind, ValueKind::Choice);
+    EXPECT_EQ(show[2].value->choices.front(), "Beginner");
     EXPECT_FALSE(show[0].value);
 }
 

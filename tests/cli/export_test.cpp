@@ -94,7 +94,9 @@ TEST_F(Export, LoadingThatEndedEarlyWritesNothing)
         arguments.push_back(path("report.txt"));
         const Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 1);
-        EXPECT_EQ(outcome.error, "kavo-timing-cli: Wrong file!\n");
+        EXPECT_EQ(outcome.error,
+                  "kavo-timing-cli: Wrong file! (" + path("wrong.txt") +
+                      " is no statistics file of the game; the window's Options (F2) choose the file)\n");
         EXPECT_EQ(folder.read("report.txt"), "old");
     }
 }
@@ -103,7 +105,7 @@ TEST_F(Export, MissingTemplateIsAnErrorAndWritesNothing)
 {
     const Outcome outcome = run({"export-html", "--template", path("none.ett"), path("report.html")});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.error, "kavo-timing-cli: File not found: none.ett\n");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: File not found: " + path("none.ett") + " (No such file or directory)\n");
     EXPECT_FALSE(folder.has("report.html"));
 }
 
@@ -129,18 +131,26 @@ TEST_F(Export, TextReportThatBreaksOffStaysAsFarAsItCame)
     fs::remove(folder / "Marek/bugs.dat");
     const Outcome outcome = run({"export-text", path("report.txt")});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.error, "kavo-timing-cli: Invalid procedure call or argument\n");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: Invalid procedure call or argument: " + path("report.txt") + "\n");
     const std::string report = folder.read("report.txt");
     EXPECT_NE(report.find("\r\n1, Track "), std::string::npos);
     EXPECT_TRUE(report.ends_with("\r\n\r\n"));
     EXPECT_EQ(report.find("2, A name"), std::string::npos);
-    EXPECT_EQ(run({"export-text", "-"}).out, report);
+    const Outcome printed = run({"export-text", "-"});
+    EXPECT_EQ(printed.out, report);
+    EXPECT_EQ(printed.error, "kavo-timing-cli: Invalid procedure call or argument\n");
 }
 
 TEST_F(Export, UnwritablePathIsAnError)
 {
-    EXPECT_EQ(run({"export-text", path("none/report.txt")}).status, 1);
-    EXPECT_EQ(run({"export-html", "--template", templatePath("plain-table"), path("none/report.html")}).status, 1);
+    for (std::vector<std::string> command :
+         {std::vector<std::string>{"export-text"}, {"export-html", "--template", templatePath("plain-table")}}) {
+        command.push_back(path("none/report"));
+        const Outcome outcome = run(command);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.error,
+                  "kavo-timing-cli: Path not found: " + path("none/report") + " (No such file or directory)\n");
+    }
 }
 
 TEST_F(Export, MissingArgumentsAreUsageErrors)

@@ -108,7 +108,7 @@ TEST(OptionParser, SaysWhatIsWrong)
         {{"a", "--grade", "OK", "--interval", "1s"}, "--interval: 1s is no number"},
         {{"a", "--interval", "1"}, "--interval requires --grade; see help"},
         {{"a", "--limit", "1", "--loud"}, "--loud excludes --limit; see help"},
-        {{"a", "--grade", "Best"}, "--grade: unknown name Best; there are OK, World Class"},
+        {{"a", "--grade", "Best"}, "--grade: unknown value Best; there are OK, World Class"},
         {{"a", "--lo"}, "unknown option --lo, did you mean --loud?"},
         {{"--loud"}, "FILE is required; see help"},
         {{"a", "--limit", "[1]"}, "--limit: [1] is no whole number"},

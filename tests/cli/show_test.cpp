@@ -38,6 +38,11 @@ protected:
         return Json::parse(outcome.out);
     }
 
+    [[nodiscard]] std::string path(std::string_view name) const { return (folder / name).string(); }
+
+    static constexpr const char* kIsNoStatisticsFile =
+        " is no statistics file of the game; the window's Options (F2) choose the file)\n";
+
     TemporaryFolder folder;
 };
 
@@ -172,14 +177,16 @@ TEST_F(Show, EndsWithOneAfterAnError)
     EXPECT_EQ(shown["names"]["player1"], "Ann");
     const Outcome outcome = run({"show"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.error, "kavo-timing-cli: Invalid procedure call or argument: stats.txt\n");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: Invalid procedure call or argument: " + path("stats.txt") + "\n");
 }
 
 TEST_F(Show, EndsWithOneAfterAWrongFile)
 {
     folder.write("other.txt", "nothing");
     EXPECT_EQ(json({}, 1)["messages"], Json({"Wrong file!"}));
-    EXPECT_EQ(run({"show"}).error, "kavo-timing-cli: Wrong file!\n");
+    EXPECT_EQ(run({"show"}).error, "kavo-timing-cli: Wrong file! (" + path("other.txt") + kIsNoStatisticsFile);
+    folder.write("stats.txt", "nothing");
+    EXPECT_EQ(run({"show"}).error, "kavo-timing-cli: Wrong file! (" + path("stats.txt") + kIsNoStatisticsFile);
 }
 
 TEST_F(Show, GoesOnWithoutTargetsAndSaysSo)
@@ -191,6 +198,10 @@ TEST_F(Show, GoesOnWithoutTargetsAndSaysSo)
               "Unable to find: targets.txt. If you want to download it now, select \"Update "
               "targets\" in right-button menu or press Ctrl+R");
     EXPECT_EQ(shown["rows"][0]["cells"][2], "Beginner");
+    EXPECT_EQ(run({"show"}).error,
+              "kavo-timing-cli: Unable to find: targets.txt. If you want to download it now, select \"Update targets\" "
+              "in right-button menu or press Ctrl+R (" +
+                  path("targets.txt") + "; without a window: kavo-timing-cli update-targets --page FILE)\n");
 }
 
 TEST_F(Show, LoadsTheUserThatIsNamed)
@@ -199,9 +210,87 @@ TEST_F(Show, LoadsTheUserThatIsNamed)
     const Json shown = Json::parse(run({"--user", "Жанна", "show", "--json"}).out);
     EXPECT_EQ(shown["user"], "Жанна");
     EXPECT_EQ(shown["headers"][3], "Good");
-    EXPECT_EQ(run({"--user", "nobody", "show"}).status, 1);
-    EXPECT_EQ(run({"--user", "nobody", "show"}).error, "kavo-timing-cli: Path not found: nobody\n");
+}
+
+TEST_F(Show, SaysWhichUsersThereAre)
+{
+    folder.write("users.dat", "Marek\r\nЖанна\r\n\r\nmarek\r\nGone\r\nMarek\r\n");
+    folder.write("Marek/data.ini", "");
+    folder.write("Жанна/data.ini", "");
+    const auto error = [this](const char* nick) { return run({"--user", nick, "show"}).error; };
+    const std::string start = "kavo-timing-cli: Path not found: ";
+    const std::string missing = " (No such file or directory): ";
+    EXPECT_EQ(error("Nobody"), start + path("Nobody") + missing + "no user Nobody; there are Marek, Жанна, marek\n");
+    EXPECT_EQ(error("Maerk"), start + path("Maerk") + missing + "no user Maerk, did you mean Marek or marek?\n");
+    EXPECT_EQ(run({"--user", "Nobody", "show"}).status, 1);
+    EXPECT_EQ(run({"--user", "Nobody", "show"}).out, "");
+    EXPECT_EQ(json({"--user", "Nobody"}, 1)["error"], "Path not found: Nobody");
     EXPECT_EQ(run({"--user", "../bob", "show"}).status, 1);
+    EXPECT_NE(error("../bob").find("no user ../bob; there are "), std::string::npos);
+}
+
+TEST_F(Show, KeepsALongListOfUsersShort)
+{
+    std::string users;
+    for (int i = 1; i <= 13; ++i) {
+        users += "user" + std::to_string(i) + "\r\n";
+        folder.write("user" + std::to_string(i) + "/data.ini", "");
+    }
+    folder.write("users.dat", users);
+    const std::string error = run({"--user", "Nobody", "show"}).error;
+    EXPECT_TRUE(error.ends_with(", user11, user12, ... (kavo-timing-cli users)\n")) << error;
+}
+
+TEST_F(Show, SaysHowTheFirstUserIsMade)
+{
+    std::filesystem::remove_all(folder / "bob");
+    const std::string advice = "; there are no users yet, the window makes one at the first login\n";
+    EXPECT_EQ(run({"show"}).error,
+              "kavo-timing-cli: Path not found: " + path("bob") + " (No such file or directory): no user bob" + advice);
+    std::filesystem::remove(folder / "curUser.dat");
+    EXPECT_EQ(run({"show"}).error, "kavo-timing-cli: File not found: " + path("curUser.dat") +
+                                       " (No such file or directory): nobody has logged in last; --user NICK names a "
+                                       "user" +
+                                       advice);
+}
+
+TEST_F(Show, PrintsNothingWhereThereIsNoTable)
+{
+    folder.write("bob/data.ini", "stats.txt");
+    EXPECT_EQ(run({"show"}).status, 1);
+    EXPECT_EQ(run({"show"}).out, "");
+    EXPECT_EQ(run({"show"}).error, "kavo-timing-cli: Input past end of file: " + path("bob/data.ini") + "\n");
+    EXPECT_EQ(json({}, 1)["rows"], Json::array());
+}
+
+TEST_F(Show, PrintsTheTableAsFarAsItWasFilled)
+{
+    folder.write("stats.txt", "Player\r\nLevel 1, Track\r\n00:10:00 Ann\r\n");
+    EXPECT_EQ(lineOf(run({"show"}).out, 2).substr(0, 8), "1, Track");
+}
+
+TEST_F(Show, SaysWhenThereIsNoStatisticsFile)
+{
+    std::filesystem::remove(folder / "stats.txt");
+    const Outcome outcome = run({"show"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(lineOf(outcome.out, 1).substr(0, 5), "Level");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: File not found: " + path("stats.txt") +
+                                 " (No such file or directory); the window's Options (F2) choose the file\n");
+}
+
+TEST_F(Show, FitsTheTableToTheTerminal)
+{
+    folder.write("bob/names.dat", "Anastasia Petrova\r\n日本の友達\r\nTeam\r\n");
+    // Five columns of 8 and "No change" take 49, the gaps 16: of 83 that leaves 18 for three grades.
+    const OutputFacts output = {.columns = 83};
+    const Outcome outcome = test::runCommand(folder, {"show", "--fit"}, "", output);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(lineOf(outcome.out, 1),
+              "Level     Anastas…  Tar… 1  日本の…   Tar… 2  Differen…  Team      Target  Author");
+    EXPECT_EQ(lineOf(outcome.out, 2),
+              "1, Track  00:10:00  Wor…rd  00:11:00  Wor…ss  00:01:00   00:10:00  Wor…rd  Anastas…");
+    EXPECT_EQ(run({"show", "--fit", "--json"}).status, 2);
 }
 
 TEST_F(Show, WritesNothingIntoTheProgramFolder)
@@ -215,12 +304,16 @@ TEST_F(Show, WritesNothingIntoTheProgramFolder)
 
 TEST_F(Show, ColoursATerminal)
 {
-    const Outcome outcome = test::runCommand(folder, {"show"}, "", {.isTerminal = true, .colours = Colours::True});
+    const Outcome outcome =
+        test::runCommand(folder, {"show"}, "", {.isTerminal = true, .term = "xterm", .colorTerm = "truecolor"});
     EXPECT_EQ(outcome.status, 0);
     const std::string line = lineOf(outcome.out, 2);
     EXPECT_NE(line.find("\x1b[38;2;255;0;0mWorld Record\x1b[0m"), std::string::npos) << line;
     EXPECT_NE(line.find("\x1b[1m00:10:00\x1b[0m"), std::string::npos) << line;
     EXPECT_EQ(run({"show"}).out.find('\x1b'), std::string::npos);
+    EXPECT_NE(run({"show", "--colour", "always"}).out.find("\x1b[31mWorld Record\x1b[0m"), std::string::npos);
+    EXPECT_EQ(run({"show", "--color=always"}).out, run({"--colour", "ALWAYS", "show"}).out);
+    EXPECT_EQ(run({"show", "--colour", "sometimes"}).status, 2);
 }
 
 TEST_F(Show, KeepsControlCharactersFromTheTerminal)

@@ -57,7 +57,7 @@ protected:
         const test::StreamFile error;
         const int status =
             runCommandLine(static_cast<int>(argv.size()), argv.data(),
-                           {.in = stdin, .out = out.file(), .error = error.file(), .terminal = {}, .now = clock});
+                           {.in = stdin, .out = out.file(), .error = error.file(), .output = {}, .now = clock});
         EXPECT_EQ(status, 1);
         return error.content();
     }
@@ -88,7 +88,7 @@ TEST_F(Trouble, OfAnyKindIsToldInWords)
     EXPECT_EQ(told([]() -> std::time_t {
                   throw fs::filesystem_error("what", "clock", std::make_error_code(std::errc::permission_denied));
               }),
-              "kavo-timing-cli: Path/File access error: clock\n");
+              "kavo-timing-cli: Path/File access error: clock (Permission denied)\n");
 }
 
 TEST_F(Trouble, NickThatIsEmptyIsAUsageError)
@@ -104,14 +104,16 @@ TEST_F(Trouble, StatisticsFileOfATerabyteIsToldAtOnce)
     fs::resize_file(folder / "stats.txt", std::uintmax_t{1} << 40U);  // takes no room
     const Outcome outcome = run({"show"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.error, "kavo-timing-cli: File too large: stats.txt\n");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: File too large: " + path("stats.txt") + "\n");
 }
 
 TEST_F(Trouble, PipesInPlaceOfFilesAreToldAtOnce)
 {
     for (const auto& [name, status, message] :
-         {std::tuple{"targets.txt", 0, "Unable to find: targets.txt."},
-          std::tuple{"curUser.dat", 1, "Path/File access error: curUser.dat\n"}}) {
+         {std::tuple{"targets.txt", 0, std::string("Unable to find: targets.txt.")},
+          std::tuple{
+              "curUser.dat", 1,
+              "Path/File access error: " + path("curUser.dat") + "; --user NICK names a user; there are bob\n"}}) {
         fs::remove(folder / name);
         test::makePipe(path(name));
         const Outcome outcome = run({"show"});
@@ -138,8 +140,12 @@ TEST_F(Trouble, FullDiskLeavesTheReportsThatWereThere)
 TEST_F(Trouble, WorkingFolderThatWasDeletedIsAPathThatIsNotFound)
 {
     const DeletedWorkingFolder deleted;
-    EXPECT_EQ(run({"export-text", "report.txt"}).error, "kavo-timing-cli: Path not found: report.txt\n");
-    EXPECT_EQ(runArguments({"--program-folder", ".", "show"}).error, "kavo-timing-cli: Path not found: .\n");
+    EXPECT_EQ(run({"export-text", "report.txt"}).error,
+              "kavo-timing-cli: Path not found: report.txt (No such file or directory)\n");
+    EXPECT_EQ(
+        runArguments({"--program-folder", ".", "show"}).error,
+        "kavo-timing-cli: Path not found: . (No such file or directory); --program-folder DIR or KAVO_PROGRAM_FOLDER "
+        "name the program folder\n");
     EXPECT_EQ(run({"show"}).status, 0);
 }
 

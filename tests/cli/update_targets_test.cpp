@@ -1,7 +1,8 @@
+#include "base/text.h"
 #include "base/text_file.h"
 #include "tests/support/command_line.h"
 #include "tests/support/places.h"
-#include "tests/support/trouble.h"
+#include "updater/records_page.h"
 
 #include <gtest/gtest.h>
 
@@ -55,6 +56,119 @@ TEST(UpdateTargets, ReadsStandardInput)
     EXPECT_EQ(folder.read("targets.txt"), sample("tests/data/records_page_targets.txt"));
 }
 
+TEST(UpdateTargets, SaysWhatHasChanged)
+{
+    const TemporaryFolder folder;
+    fill(folder);
+    const std::string targets = (folder / "targets.txt").string();
+    const std::string page = sample("tests/data/records_page.html");
+    EXPECT_EQ(run(folder, {"--page", "-"}, page).error,
+              "kavo-timing-cli: " + targets + ": 54 records found; there were no targets before\n");
+    EXPECT_EQ(run(folder, {"--page", "-"}, page).error,
+              "kavo-timing-cli: " + targets + ": 54 records found; none changed\n");
+    folder.write("targets.txt", kavo::replaceAll(folder.read("targets.txt"), "00:20:04,", "00.20.05,"));
+    EXPECT_EQ(run(folder, {"--page", "-"}, page).error, "kavo-timing-cli: " + targets +
+                                                            ": 54 records found; 1 changed\n"
+                                                            "kavo-timing-cli: level 2: 00:20:05 -> 00:20:04\n");
+    // Players' own files may have points for colons, which makes no other time.
+    folder.write("targets.txt", kavo::replaceAll(folder.read("targets.txt"), ":", "."));
+    EXPECT_EQ(run(folder, {"--page", "-"}, page).error,
+              "kavo-timing-cli: " + targets + ": 54 records found; none changed\n");
+}
+
+TEST(UpdateTargets, GoesOnFromTargetsThatEndEarly)
+{
+    const TemporaryFolder folder;
+    fill(folder);
+    folder.write("targets.txt", "00:14:42,a,b,c,d\r\n00:20:04,a,b,c,d\r\n");
+    const Outcome outcome = run(folder, {"--page", "-"}, sample("tests/data/records_page.html"));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.error.find(": 54 records found; 52 changed\nkavo-timing-cli: level 3: no time -> 00:12:47\n"),
+              std::string::npos)
+        << outcome.error;
+    EXPECT_EQ(folder.read("targets.txt"), sample("tests/data/records_page_targets.txt"));
+}
+
+TEST(UpdateTargets, RefusesAPageWithoutAllTimes)
+{
+    const TemporaryFolder folder;
+    fill(folder);
+    folder.write("targets.txt", "good\r\n");
+    folder.write("page.html", kavo::replaceAll(sample("tests/data/records_page.html"), ">14,42<", ">n/a<"));
+    const Outcome outcome = run(folder, {"--page", (folder / "page.html").string()});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: " + (folder / "page.html").string() +
+                                 ": 53 of 54 records found, no time of the form MM:SS:HH for level 1; nothing was "
+                                 "changed (--force writes what there is)\n");
+    EXPECT_EQ(folder.read("targets.txt"), "good\r\n");
+    EXPECT_FALSE(folder.has("targets.bak"));
+}
+
+TEST(UpdateTargets, NamesTheLevelsWithoutATime)
+{
+    const TemporaryFolder folder;
+    fill(folder);
+    EXPECT_NE(
+        run(folder, {"--page", "-"}, "no records")
+            .error.find("standard input: 0 of 54 records found, no time of the form MM:SS:HH for levels 1 to 54;"),
+        std::string::npos);
+    // Rows hold levels r and r + 27: the times of levels 1, 2, 28, 29 and 5.
+    std::string page = sample("tests/data/records_page.html");
+    const std::string marker = "align=\"right\">";
+    std::size_t at = 0;
+    for (int cell = 1; cell <= 9; ++cell) {
+        at = page.find(marker, at) + marker.size();
+        if (cell <= 4 || cell == 9) page.insert(at, "x");
+    }
+    EXPECT_NE(run(folder, {"--page", "-"}, page).error.find("for levels 1, 2, 5, 28, 29;"), std::string::npos);
+    EXPECT_FALSE(folder.has("targets.txt"));
+}
+
+TEST(UpdateTargets, ByForceWritesWhatTheWindowWould)
+{
+    const TemporaryFolder folder;
+    fill(folder);
+    folder.write("targets.txt", sample("tests/data/records_page_targets.txt"));
+    const std::string page = kavo::replaceAll(sample("tests/data/records_page.html"), ">14,42<", ">n/a<");
+    const Outcome outcome = run(folder, {"--force", "--page", "-"}, page);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: " + (folder / "targets.txt").string() +
+                                 ": 53 of 54 records found, no time of the form MM:SS:HH for level 1; 1 changed\n"
+                                 "kavo-timing-cli: level 1: 00:14:42 -> natd\n");
+    const TemporaryFolder other;
+    fill(other);
+    kavo::rewriteTargets(other.path(), kavo::worldRecords(kavo::cutRecordTimes(page)));
+    EXPECT_EQ(folder.read("targets.txt"), other.read("targets.txt"));
+}
+
+TEST(UpdateTargets, TakesNoEndlessInput)
+{
+    const TemporaryFolder folder;
+    fill(folder);
+    const std::string page = sample("tests/data/records_page.html");
+    const std::string largest = page + std::string(kavo::kLargestPage - page.size(), ' ');
+    EXPECT_EQ(run(folder, {"--page", "-"}, largest).status, 0);
+    const Outcome outcome = run(folder, {"--page", "-"}, largest + " ");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: File too large: standard input (more than 4 MiB)\n");
+    EXPECT_EQ(run(folder, {"--page", "/dev/zero"}).error,
+              "kavo-timing-cli: File too large: /dev/zero (more than 4 MiB)\n");
+}
+
+TEST(UpdateTargets, SaysWhyAPageCannotBeRead)
+{
+    const TemporaryFolder folder;
+    fill(folder);
+    const std::string path = folder.path().string();
+    EXPECT_EQ(run(folder, {"--page", path + "/none.html"}).error,
+              "kavo-timing-cli: File not found: " + path + "/none.html (No such file or directory)\n");
+    EXPECT_EQ(run(folder, {"--page", path}).error,
+              "kavo-timing-cli: Path/File access error: " + path + " (Is a directory)\n");
+    EXPECT_EQ(run(folder, {"--page", path + "/targets_old.txt/page.html"}).error,
+              "kavo-timing-cli: Path not found: " + path + "/targets_old.txt/page.html (Not a directory)\n");
+}
+
 TEST(UpdateTargets, MissingPageEndsWithAnErrorAndTouchesNothing)
 {
     const TemporaryFolder folder;
@@ -87,24 +201,21 @@ TEST(UpdateTargets, PageWithoutAnEndIsAnErrorAndTouchesNothing)
     std::FILE* endless = std::fopen("/dev/zero", "rb");
     const kavo::test::StreamFile error;
     const int status = kavo::runCommandLine(static_cast<int>(argv.size()), argv.data(),
-                                            {.in = endless, .out = stdout, .error = error.file(), .terminal = {}});
+                                            {.in = endless, .out = stdout, .error = error.file(), .output = {}});
     std::fclose(endless);
     EXPECT_EQ(status, 1);
-    EXPECT_EQ(error.content(), "kavo-timing-cli: File too large: standard input\n");
+    EXPECT_EQ(error.content(), "kavo-timing-cli: File too large: standard input (more than 4 MiB)\n");
     EXPECT_EQ(folder.read("targets.txt"), "good\r\n");
 }
 
-TEST(UpdateTargets, PageOfATerabyteOrInPlaceOfAPageAPipeIsAnErrorAtOnce)
+TEST(UpdateTargets, PageOfATerabyteIsAnErrorAtOnce)
 {
     const TemporaryFolder folder;
     fill(folder);
     folder.write("page.html", "");
     fs::resize_file(folder / "page.html", std::uintmax_t{1} << 40U);  // takes no room
-    kavo::test::makePipe((folder / "pipe.html").string());
-    EXPECT_EQ(run(folder, {"--page", (folder / "page.html").string()}).error,
-              "kavo-timing-cli: File too large: page.html\n");
-    EXPECT_EQ(run(folder, {"--page", (folder / "pipe.html").string()}).error,
-              "kavo-timing-cli: Path/File access error: pipe.html\n");
+    const std::string page = (folder / "page.html").string();
+    EXPECT_EQ(run(folder, {"--page", page}).error, "kavo-timing-cli: File too large: " + page + " (more than 4 MiB)\n");
     EXPECT_FALSE(folder.has("targets.txt"));
 }
 

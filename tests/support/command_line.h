@@ -52,7 +52,7 @@ struct Outcome
 
 /// Runs kavo-timing-cli with exactly these arguments.
 inline Outcome runArguments(const std::vector<std::string>& arguments, const std::string& input = "",
-                            const Terminal& terminal = {})
+                            const OutputFacts& output = {})
 {
     std::vector<const char*> argv = {"kavo-timing-cli"};
     for (const std::string& argument : arguments) argv.push_back(argument.c_str());
@@ -61,7 +61,7 @@ inline Outcome runArguments(const std::vector<std::string>& arguments, const std
     const StreamFile error;
     const int status =
         runCommandLine(static_cast<int>(argv.size()), argv.data(),
-                       {.in = in.file(), .out = out.file(), .error = error.file(), .terminal = terminal, .now = [] {
+                       {.in = in.file(), .out = out.file(), .error = error.file(), .output = output, .now = [] {
                             return reportMoment();
                         }});
     return {status, out.content(), error.content()};
@@ -69,10 +69,10 @@ inline Outcome runArguments(const std::vector<std::string>& arguments, const std
 
 /// Runs kavo-timing-cli on a program folder.
 inline Outcome runCommand(const TemporaryFolder& folder, std::vector<std::string> arguments,
-                          const std::string& input = "", const Terminal& terminal = {})
+                          const std::string& input = "", const OutputFacts& output = {})
 {
     arguments.insert(arguments.begin(), {"--program-folder", folder.path().string()});
-    return runArguments(arguments, input, terminal);
+    return runArguments(arguments, input, output);
 }
 
 }  // namespace kavo::test

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+namespace kavo {
+
+/// What a call names to be read, and how messages name it.
+struct NamedInput
+{
+    std::string name;
+    std::string text;
+};
+
+/// Reads a file, a pipe or, where "-" is named, standard input (`in`) to its end. Throws RunTimeError for a file that
+/// cannot be opened, and CommandError for what cannot be read to its end or is longer than `largest` bytes, a
+/// multiple of 1 MiB: the input may be endless.
+[[nodiscard]] NamedInput readInput(std::string_view file, std::FILE* in, std::size_t largest);
+
+}  // namespace kavo

@@ -1,0 +1,85 @@
+#include "cli/display_width.h"
+
+#include "base/text.h"
+#include "cli/printable.h"
+
+#ifdef KAVO_UTF8PROC
+#include <utf8proc.h>
+#endif
+
+namespace kavo {
+
+namespace {
+
+constexpr std::string_view kEllipsis = "…";
+
+std::size_t widthOfCharacter([[maybe_unused]] std::string_view character)
+{
+#ifdef KAVO_UTF8PROC
+    if (character.size() == 1) return 1;
+    return static_cast<std::size_t>(utf8proc_charwidth(static_cast<utf8proc_int32_t>(codePointOf(character))));
+#else
+    return 1;
+#endif
+}
+
+/// As many characters as `width` columns have room for, with the accents of the last.
+std::string_view beginningOf(std::string_view text, std::size_t width)
+{
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t length = characterLength(text, at);
+        const std::size_t columns = widthOfCharacter(text.substr(at, length));
+        if (columns > width) break;
+        width -= columns;
+        at += length;
+    }
+    return text.substr(0, at);
+}
+
+/// As few characters from the front as it takes to come down to `width` columns are left out.
+std::string_view endOf(std::string_view text, std::size_t width)
+{
+    std::size_t columns = displayWidth(text);
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t length = characterLength(text, at);
+        const std::size_t own = widthOfCharacter(text.substr(at, length));
+        // An accent without its letter is left out, too.
+        if (columns <= width && own > 0) break;
+        columns -= own;
+        at += length;
+    }
+    return text.substr(at);
+}
+
+}  // namespace
+
+std::size_t displayWidth(std::string_view text)
+{
+    if (isPlain(text)) return text.size();
+    std::size_t width = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = characterLength(text, at);
+        width += widthOfCharacter(text.substr(at, length));
+        at += length;
+    }
+    return width;
+}
+
+std::string cutEnd(std::string_view text, std::size_t width)
+{
+    if (displayWidth(text) <= width) return std::string(text);
+    if (width == 0) return {};
+    return std::string(beginningOf(text, width - 1)).append(kEllipsis);
+}
+
+std::string cutMiddle(std::string_view text, std::size_t width)
+{
+    if (displayWidth(text) <= width) return std::string(text);
+    if (width == 0) return {};
+    const std::size_t end = (width - 1) / 2;
+    return std::string(beginningOf(text, width - 1 - end)).append(kEllipsis).append(endOf(text, end));
+}
+
+}  // namespace kavo
