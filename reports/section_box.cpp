@@ -55,6 +55,12 @@ bool isInWord(QChar unit)
     return unit.unicode() >= 0x80 && unit != QChar::ParagraphSeparator && unit != QChar::LineSeparator;
 }
 
+/// Whether an edit that has a unit at its edge cuts or joins the word beside it: a blank leaves that as it is.
+bool cutsWord(const QString& text, qsizetype unit)
+{
+    return unit >= 0 && unit < text.size() && isInWord(text.at(unit));
+}
+
 /// Where a word begins that an edit from `start` on touches: such a word becomes UTF-8 as a whole.
 qsizetype startOfWord(const QString& text, qsizetype start)
 {
@@ -92,8 +98,9 @@ void SectionBox::takeEdit()
     qsizetype start = commonStart(m_text, text);
     qsizetype end = commonEnd(m_text, text, start);
     if (!mayMixInWords(codePageInForce())) {
-        start = startOfWord(text, start);
-        end = endOfWord(text, end);
+        if (cutsWord(m_text, start) || cutsWord(text, start)) start = startOfWord(text, start);
+        if (cutsWord(m_text, m_text.size() - end - 1) || cutsWord(text, text.size() - end - 1))
+            end = endOfWord(text, end);
     }
     const std::string_view before = m_bytes;
     m_bytes = std::string(before.substr(0, bytesBehind(before, start)))
