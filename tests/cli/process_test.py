@@ -294,8 +294,8 @@ class CodePages(Processes):
         for done, source in ((run("--code-page", "1259"), "--code-page"),
                              (run(KAVO_CODE_PAGE="1259"), "KAVO_CODE_PAGE")):
             self.assertEqual((done.returncode, done.stdout), (2, b""))
-            self.assertTrue(done.stderr.decode().startswith(f"{source}: unknown code page 1259; there are 1250,"))
-            self.assertIn("Usage: kavo-timing", done.stderr.decode())
+            self.assertIn(f"{source}: unknown code page 1259; there are 1250,", done.stderr.decode())
+            self.assertIn("Usage: ", done.stderr.decode())
         self.assertIn("--code-page <NAME>", run("--help").stdout.decode())
 
 
