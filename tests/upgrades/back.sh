@@ -1,0 +1,27 @@
+#!/bin/bash
+# The way back: an older program reads what a session of the present one leaves. The tests see to it that
+# this is tests/upgrades/*/session; here both programs print its tables and reports, which must be the same.
+# Usage: tests/upgrades/back.sh OLD_CLI NEW_CLI
+set -euo pipefail
+[ $# -eq 2 ] || {
+    sed -n '2,4s/^# //p' "$0" >&2
+    exit 2
+}
+old="$(realpath "$1")"
+new="$(realpath "$2")"
+cd "$(dirname "$0")"
+
+compared=0
+for session in */session; do
+    while IFS= read -r nick; do
+        nick="${nick%$'\r'}"
+        for command in "show --json" "export-text -" "export-html --template $session/own.ett -"; do
+            read -ra words <<<"$command"
+            cmp <("$old" --program-folder "$session" --user "$nick" "${words[@]}") \
+                <("$new" --program-folder "$session" --user "$nick" "${words[@]}")
+            compared=$((compared + 1))
+        done
+    done <"$session/users.dat"
+done
+echo "$("$old" --version) reads what $("$new" --version) leaves: $compared outputs are the same"
+[ "$compared" -gt 0 ]
