@@ -10,6 +10,8 @@ set -euo pipefail
 old="$(realpath "$1")"
 new="$(realpath "$2")"
 cd "$(dirname "$0")"
+outputs="$(mktemp -d)"
+trap 'rm -rf "$outputs"' EXIT
 
 compared=0
 for session in */session; do
@@ -17,8 +19,9 @@ for session in */session; do
         nick="${nick%$'\r'}"
         for command in "show --json" "export-text -" "export-html --template $session/own.ett -"; do
             read -ra words <<<"$command"
-            cmp <("$old" --program-folder "$session" --user "$nick" "${words[@]}") \
-                <("$new" --program-folder "$session" --user "$nick" "${words[@]}")
+            "$old" --program-folder "$session" --user "$nick" "${words[@]}" >"$outputs/old"
+            "$new" --program-folder "$session" --user "$nick" "${words[@]}" >"$outputs/new"
+            cmp "$outputs/old" "$outputs/new"
             compared=$((compared + 1))
         done
     done <"$session/users.dat"
