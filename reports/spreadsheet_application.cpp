@@ -6,6 +6,7 @@
 #include "base/file_name.h"
 #include "core/program_folder.h"
 #include "reports/libreoffice/module_entry.h"
+#include "reports/libreoffice/office_libraries.h"
 
 #include <dlfcn.h>
 #endif
@@ -30,11 +31,12 @@ std::unique_ptr<Spreadsheet> openSpreadsheetApplication(const std::stop_token&)
 std::vector<fs::path> modulePlaces(const fs::path& executableFolder)
 {
     return {executableFolder / kLibreOfficeModule,
-            executableFolder.parent_path() / "lib" / "kavo-timing" / kLibreOfficeModule};
+            executableFolder.parent_path() / KAVO_LIBRARY_FOLDER / "kavo-timing" / kLibreOfficeModule};
 }
 
 void* moduleEntry(const fs::path& module, const char* name)
 {
+    loadOfficeLibraries();
     // Never unloaded: the office's libraries leave threads behind that would go on in freed code.
     void* library = ::dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (library == nullptr) throw std::runtime_error(::dlerror());

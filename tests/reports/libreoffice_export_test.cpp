@@ -150,7 +150,8 @@ TEST(LibreOfficeExport, TheModuleIsLookedForBesideTheProgramAndInTheLibraryFolde
 {
     EXPECT_EQ(modulePlaces("/opt/kavo/bin"),
               (std::vector<std::filesystem::path>{"/opt/kavo/bin/spreadsheet_libreoffice.so",
-                                                  "/opt/kavo/lib/kavo-timing/spreadsheet_libreoffice.so"}));
+                                                  "/opt/kavo" / test::libraryFolder() /
+                                                      "kavo-timing/spreadsheet_libreoffice.so"}));
 }
 
 }  // namespace

@@ -11,6 +11,9 @@ namespace kavo::test {
 /// The module of the spreadsheet export; empty when it is no part of the build.
 [[nodiscard]] std::filesystem::path officeModule();
 
+/// Where programs of this system have their libraries, below the folder of all of a program's files.
+[[nodiscard]] std::filesystem::path libraryFolder();
+
 /// The installation of LibreOffice that the module was built with; empty without the module.
 [[nodiscard]] std::filesystem::path officeFolder();
 

@@ -1,6 +1,7 @@
 #include "tests/upgrades/released_version.h"
 
 #include "base/text_file.h"
+#include "tests/support/places.h"
 
 #include <algorithm>
 #include <cstdlib>
