@@ -1,5 +1,6 @@
 #include "app/application.h"
 #include "app/program.h"
+#include "app/program_options.h"
 #include "base/code_page.h"
 #include "base/run_time_error.h"
 #include "core/program_folder.h"
@@ -19,28 +20,33 @@
 
 namespace {
 
+QString textOf(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QCommandLineOption optionOf(const kavo::ProgramOption& option)
+{
+    QStringList names(textOf(option.name));
+    if (!option.shortName.empty()) names.prepend(textOf(option.shortName));
+    return {names, textOf(option.help), textOf(option.valueName)};
+}
+
 struct Options
 {
     QCommandLineParser parser;
-    QCommandLineOption programFolder{
-        "program-folder", "Folder with users, targets and settings (environment: KAVO_PROGRAM_FOLDER).", "DIR"};
-    QCommandLineOption recordsHost{
-        "records-host", "Host of the world-records page, or its base address (environment: KAVO_RECORDS_HOST).",
-        "HOST[:PORT]"};
-    QCommandLineOption codePage{
-        "code-page", "8-bit code page of texts that are no UTF-8: 1251, 1252, ... (environment: KAVO_CODE_PAGE).",
-        "NAME"};
-    QCommandLineOption help{QStringList{"h", "help"}, "Show this help and exit."};
-    QCommandLineOption version{"version", "Show the version and exit."};
     QCommandLineOption quitAfterFirstPaint{"quit-after-first-paint"};
 
     Options()
     {
         quitAfterFirstPaint.setFlags(QCommandLineOption::HiddenFromHelp);  // for timing the start
         parser.setApplicationDescription("Grades and compares the best times of the game's levels.");
-        for (const auto& option : {programFolder, recordsHost, codePage, help, version, quitAfterFirstPaint})
-            parser.addOption(option);
+        for (const auto& option : kavo::kProgramOptions) parser.addOption(optionOf(option));
+        parser.addOption(quitAfterFirstPaint);
     }
+
+    [[nodiscard]] bool isSet(const kavo::ProgramOption& option) const { return parser.isSet(textOf(option.name)); }
+    [[nodiscard]] QString value(const kavo::ProgramOption& option) const { return parser.value(textOf(option.name)); }
 };
 
 /// The help, also when there is no application yet that knows its own name.
@@ -63,11 +69,11 @@ std::optional<int> answerAtOnce(Options& options, const QStringList& arguments)
     if (!options.parser.parse(arguments) || !options.parser.positionalArguments().isEmpty())
         return refuse(options.parser,
                       options.parser.errorText().isEmpty() ? "Unexpected argument." : options.parser.errorText());
-    if (options.parser.isSet(options.version)) {
+    if (options.isSet(kavo::kVersionOption)) {
         std::printf("%s\n", std::string(kavo::kProductVersion).c_str());
         return 0;
     }
-    if (options.parser.isSet(options.help)) {
+    if (options.isSet(kavo::kHelpOption)) {
         std::printf("%s", qPrintable(helpOf(options.parser)));
         return 0;
     }
@@ -92,20 +98,20 @@ bool asksOnly(int argc, char** argv)
 /// As the user names it, the option before the environment.
 std::string recordsHost(const Options& options)
 {
-    const QString named = options.parser.value(options.recordsHost);
+    const QString named = options.value(kavo::kRecordsHostOption);
     return kavo::fromScreen(named.isEmpty() ? qEnvironmentVariable("KAVO_RECORDS_HOST") : named);
 }
 
 /// The value of an option; nothing where it is not given.
-std::optional<std::string> valueOf(const Options& options, const QCommandLineOption& option)
+std::optional<std::string> valueOf(const Options& options, const kavo::ProgramOption& option)
 {
-    if (!options.parser.isSet(option)) return std::nullopt;
-    return kavo::fromScreen(options.parser.value(option));
+    if (!options.isSet(option)) return std::nullopt;
+    return kavo::fromScreen(options.value(option));
 }
 
 int runProgram(kavo::Application& application, const Options& options)
 {
-    const auto folder = kavo::programFolderSources(valueOf(options, options.programFolder));
+    const auto folder = kavo::programFolderSources(valueOf(options, kavo::kProgramFolderOption));
     kavo::Program program(kavo::findProgramFolder(folder), application.prompts());
     program.useRecordsHost(recordsHost(options));
     if (options.parser.isSet(options.quitAfterFirstPaint))
@@ -123,7 +129,7 @@ int run(int argc, char** argv)
     if (const auto status = answerAtOnce(options, kavo::Application::arguments())) return *status;
     std::optional<kavo::CodePageInForce> codePage;  // to the end: reports of errors are texts, too
     try {
-        codePage.emplace(kavo::chosenCodePage(valueOf(options, options.codePage)));
+        codePage.emplace(kavo::chosenCodePage(valueOf(options, kavo::kCodePageOption)));
         return runProgram(application, options);
     } catch (const kavo::UnknownCodePage& error) {
         return refuse(options.parser, kavo::toScreen(error.what()) + ".");
