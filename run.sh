@@ -21,8 +21,7 @@ cmake --build "$build" --target all >"$build/build.log" 2>&1 || {
 # Made once, so that what the user changes in it stays.
 if [ ! -d "$demo" ]; then
     rm -rf "$demo.new"
-    cp -r data/demo "$demo.new"
-    cp -r data/*.txt data/templates "$demo.new"
+    packaging/demo_folder.sh "$demo.new"
     mv "$demo.new" "$demo"
 fi
 

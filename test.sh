@@ -20,11 +20,12 @@ for Windows, under Wine. The release is built, and clang-tidy reads what the bra
   --windows        only the build for Windows
   --fuzz SECONDS   every fuzz target for so long
   --lint           clang-tidy over all sources
+  --packages       makes the packages twice, compares, installs and starts them (as root; takes long)
   --help           this text
 TEXT
 }
 
-jobs="$(nproc)"
+jobs="$(getconf _NPROCESSORS_ONLN)"
 results="$PWD/build-results"
 
 # Says how it went, also when a stage could not be built.
@@ -181,6 +182,10 @@ case "${1:-}" in
 --lint)
     install_packages run test lint
     exec tools/lint.sh
+    ;;
+--packages)
+    install_packages run test packages
+    exec tests/packaging/all.sh
     ;;
 --fuzz)
     [[ "${2:-}" =~ ^[0-9]+$ ]] || {
