@@ -1,0 +1,9 @@
+#!/bin/sh
+# Makes a program folder to look around in, with two users and their results. Usage: packaging/demo_folder.sh FOLDER
+set -eu
+sources="$(dirname "$0")/../data"
+cp -r "$sources/demo" "$1"
+cp "$sources"/*.txt "$1"
+for supplied in templates schemes; do
+    [ ! -d "$sources/$supplied" ] || cp -r "$sources/$supplied" "$1"
+done
