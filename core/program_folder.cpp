@@ -74,6 +74,13 @@ fs::path madeAndSupplied(const fs::path& folder, const fs::path& suppliedFiles)
     return folder;
 }
 
+/// In an installation they lie in its data folder, in a portable copy beside the program.
+fs::path suppliedFilesFor(const fs::path& executableFolder)
+{
+    fs::path installed = executableFolder.parent_path() / "share" / kFolderName;
+    return folderExists(installed) ? installed : executableFolder;
+}
+
 fs::path named(const std::string& folder)
 {
     std::error_code error;  // a relative path counts from a working folder that may have been deleted
@@ -112,7 +119,7 @@ ProgramFolderSources programFolderSources(std::optional<std::string> option)
     sources.dataHome = environmentValue("XDG_DATA_HOME");
     sources.home = environmentValue("HOME");
 #endif
-    sources.suppliedFiles = sources.executableFolder.parent_path() / "share" / kFolderName;
+    sources.suppliedFiles = suppliedFilesFor(sources.executableFolder);
     return sources;
 }
 

@@ -208,7 +208,7 @@ TEST(ProgramFolderSources, ComeFromOptionAndEnvironment)
     EXPECT_FALSE(sources.dataHome.has_value());
     EXPECT_EQ(sources.home, "/home/ann");
     EXPECT_TRUE(fs::exists(sources.executableFolder));
-    EXPECT_EQ(sources.suppliedFiles, sources.executableFolder.parent_path() / "share/kavo-timing");
+    EXPECT_EQ(sources.suppliedFiles, sources.executableFolder);  // the tests are not installed
 }
 #endif
 
