@@ -20,6 +20,7 @@ for Windows, under Wine. The release is built, and clang-tidy reads what the bra
   --windows        only the build for Windows
   --fuzz SECONDS   every fuzz target for so long
   --lint           clang-tidy over all sources
+  --pages          the pages of the templates in a real browser (installs Chromium)
   --packages       makes the packages twice, compares, installs and starts them (as root; takes long)
   --help           this text
 TEXT
@@ -63,6 +64,11 @@ stage() {
 
 plain() {
     build build-dev --preset dev && QT_QPA_PLATFORM=offscreen run_tests "$1" build-dev -j "$jobs"
+}
+
+# Where Chromium is installed, every run of the tests does this, too.
+pages() {
+    build build-dev --preset dev && run_tests "$1" build-dev -L pages
 }
 
 build_sanitized() {
@@ -196,7 +202,7 @@ case "${1:-}" in
     fuzz "$2"
     exit
     ;;
-"" | --quick | --sanitize | --coverage | --display | --release | --windows) ;;
+"" | --quick | --sanitize | --coverage | --display | --release | --windows | --pages) ;;
 *)
     usage >&2
     exit 2
@@ -214,5 +220,9 @@ case "${1:-}" in
 --display) stage display display ;;
 --release) stage release released ;;
 --windows) stage "for Windows" for_windows ;;
+--pages)
+    install_packages pages
+    stage pages pages
+    ;;
 *) all_stages ;;
 esac

@@ -10,7 +10,6 @@ add_executable(kavo_windows_tests
     ${core_tests}
     reports/spreadsheet_export_test.cpp
     ${support_headers}
-    support/colour_vision.cpp
     support/loaded_folder.cpp
     support/program_folder_fixture.cpp
     support/table_text.cpp)
