@@ -3,6 +3,7 @@
 #include "core/session.h"
 #include "core/users.h"
 #include "forms/event_guard.h"
+#include "forms/screen_fit.h"
 #include "forms/window_painting.h"
 
 #include <QApplication>
@@ -74,6 +75,12 @@ void SecondaryWindow::keyPressEvent(QKeyEvent* event)
         event->accept();
     else
         QDialog::keyPressEvent(event);
+}
+
+void SecondaryWindow::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous()) fitToScreen(*this);
+    QDialog::showEvent(event);  // places it, by its size
 }
 
 }  // namespace kavo

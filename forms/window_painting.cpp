@@ -1,5 +1,7 @@
 #include "forms/window_painting.h"
 
+#include "forms/screen_fit.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QGroupBox>
@@ -68,7 +70,8 @@ void paintWindow(QWidget& window, const ColourSet& colours)
 {
     paintControl(window, colours.ColLabels, colours.ColBack);
     for (QWidget* control : window.findChildren<QWidget*>()) {
-        if (qobject_cast<QLabel*>(control) != nullptr || qobject_cast<QRadioButton*>(control) != nullptr)
+        if (qobject_cast<QLabel*>(control) != nullptr || qobject_cast<QRadioButton*>(control) != nullptr ||
+            isScrolledSurface(*control))
             paintControl(*control, colours.ColLabels, colours.ColBack);
         else if (qobject_cast<QGroupBox*>(control) != nullptr)
             paintControl(*control, colours.ColFrames, colours.ColBack);

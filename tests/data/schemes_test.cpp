@@ -57,8 +57,8 @@ double leastDifference(const ColourSet& colours)
     for (const Vision vision : kVisions)
         for (std::size_t i = 0; i < kGrades.size(); ++i)
             for (std::size_t j = 0; j < i; ++j)
-                least = std::min(least, difference(seen(colours.*kGrades.at(i), vision),
-                                                   seen(colours.*kGrades.at(j), vision)));
+                least = std::min(
+                    least, difference(seen(colours.*kGrades.at(i), vision), seen(colours.*kGrades.at(j), vision)));
     return least;
 }
 
@@ -88,8 +88,7 @@ TEST(ColourVision, WithoutOneKindOfConesRedAndGreenComeCloserAndGreyStays)
     const double apart = difference(seen(kRed, Vision::Normal), seen(kGreen, Vision::Normal));
     EXPECT_LT(difference(seen(kRed, Vision::Protanopia), seen(kGreen, Vision::Protanopia)), apart / 2);
     EXPECT_LT(difference(seen(kRed, Vision::Deuteranopia), seen(kGreen, Vision::Deuteranopia)), apart / 2);
-    for (const Vision vision : kVisions)
-        EXPECT_LT(difference(seen(kGrey, vision), seen(kGrey, Vision::Normal)), 0.01);
+    for (const Vision vision : kVisions) EXPECT_LT(difference(seen(kGrey, vision), seen(kGrey, Vision::Normal)), 0.01);
 }
 
 TEST(ColourContrast, RunsFromOneToTwentyOne)

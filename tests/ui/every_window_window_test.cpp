@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 
 #include <set>
 
@@ -101,6 +102,28 @@ TEST_P(EveryWindow, OpensForAUserWhoHasNothingYet)
     std::filesystem::remove_all(folder / "Marek");
     folder.write("Marek/data.ini", "\r\n1\r\n\r\n\r\n");
     look([](const QWidget& window) { EXPECT_TRUE(window.isVisible()); });
+}
+
+TEST_P(EveryWindow, OpensInsideTheFreeAreaOfTheScreen)
+{
+    look([](const QWidget& window) {
+        const QRect area = window.screen()->availableGeometry();
+        EXPECT_TRUE(area.contains(window.frameGeometry()))
+            << window.frameGeometry().width() << " x " << window.frameGeometry().height() << " at "
+            << window.frameGeometry().x() << ", " << window.frameGeometry().y();
+    });
+}
+
+TEST_P(EveryWindow, BringsWhateverHasTheFocusIntoView)
+{
+    look([](QWidget& window) {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }));
+        for (QWidget* control : controlsToReach(window)) {
+            control->setFocus();
+            EXPECT_FALSE(control->visibleRegion().isEmpty()) << qPrintable(control->objectName());
+        }
+    });
 }
 
 TEST_P(EveryWindow, ClosesAtTheReleaseOfEscapeWhateverHasTheFocus)

@@ -1,0 +1,60 @@
+#include "forms/screen_fit.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace kavo {
+
+namespace {
+
+/// What a title bar and borders take at most. The real ones are not known before the window is shown.
+constexpr QSize kWindowFrame(16, 40);
+
+constexpr const char* kSurface = "scrolledSurface";
+
+bool fits(const QSize& size, const QSize& room)
+{
+    return size.width() <= room.width() && size.height() <= room.height();
+}
+
+/// Moves everything in the window onto a surface that scrolls.
+void makeScrollable(QDialog& window)
+{
+    auto* area = new QScrollArea(&window);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    auto* surface = new QWidget(area);
+    surface->setObjectName(kSurface);
+    surface->setPalette(window.palette());
+    surface->setLayout(window.layout());
+    area->setWidget(surface);
+    auto* layout = new QVBoxLayout(&window);
+    layout->setContentsMargins({});
+    layout->addWidget(area);
+    QObject::connect(qApp, &QApplication::focusChanged, area, [area, surface](QWidget*, QWidget* now) {
+        if (now != nullptr && surface->isAncestorOf(now)) area->ensureWidgetVisible(now);
+    });
+    const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    window.resize(window.size() + QSize(bar, bar));
+}
+
+}  // namespace
+
+void fitToScreen(QDialog& window)
+{
+    const QSize room = window.screen()->availableGeometry().size() - kWindowFrame;
+    if (!fits(window.minimumSizeHint(), room)) makeScrollable(window);
+    window.resize(window.size().boundedTo(room));
+}
+
+bool isScrolledSurface(const QWidget& control)
+{
+    return control.objectName() == kSurface;
+}
+
+}  // namespace kavo

@@ -1,0 +1,15 @@
+#pragma once
+
+class QDialog;
+class QWidget;
+
+namespace kavo {
+
+/// Keeps a window that is about to be shown inside the free area of its screen. Its boxes and lists give
+/// way first; what is still too large for the screen scrolls.
+void fitToScreen(QDialog& window);
+
+/// Whether this is the surface that holds the controls of a window that scrolls.
+[[nodiscard]] bool isScrolledSurface(const QWidget& control);
+
+}  // namespace kavo
