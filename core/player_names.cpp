@@ -8,6 +8,11 @@
 
 namespace kavo {
 
+bool isNameHeader(Column column)
+{
+    return column == Column::Time1 || column == Column::Time2 || column == Column::Team;
+}
+
 std::string* nameOfHeader(ResultsState& state, Column column)
 {
     if (column == Column::Time1) return &state.Player1Name;

@@ -6,7 +6,10 @@
 
 namespace kavo {
 
-/// Which of the three names a column header shows.
+/// Whether a column's header shows one of the three names, which a click on it changes.
+[[nodiscard]] bool isNameHeader(Column column);
+
+/// The name that a column header shows, if it shows one.
 [[nodiscard]] std::string* nameOfHeader(ResultsState& state, Column column);
 
 /// Shows the session's names in the headers and replaces the old players' names, wherever they occur, in

@@ -2,17 +2,15 @@
 
 #include "base/file_name.h"
 #include "base/text_file.h"
-#include "core/results_table.h"
 #include "core/session.h"
 #include "forms/twips.h"
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QScrollBar>
 #include <QTreeView>
 
 #include <algorithm>
-#include <array>
+#include <utility>
 
 namespace kavo {
 
@@ -20,12 +18,6 @@ namespace {
 
 constexpr double kFinalTop = 10;            // twips
 constexpr double kHeightBelowScreen = 550;  // twips
-
-/// What each column has room for in the designed layout, in bold.
-constexpr std::array<const char*, kColumns> kDesignedTexts = {"54, Apple Harvest of", "Player name",  "Professional",
-                                                              "Player name",          "Professional", "Difference",
-                                                              "Team of both",         "Professional", "Player name"};
-constexpr int kCellMargin = 20;  // pixels
 
 bool hasOrdinaryPlace(const QWidget& window)
 {
@@ -43,35 +35,48 @@ QRect ordinaryPlace(const QWidget& window)
 }  // namespace
 
 LayoutKeeper::LayoutKeeper(QWidget& window, QTreeView& list, const Session& session)
-    : m_window(window), m_list(list), m_session(session)
+    : m_window(window), m_list(list), m_session(session), m_columns(list)
 {
 }
 
 void LayoutKeeper::applyDesigned()
 {
-    QFont font = m_list.font();
-    font.setBold(true);
-    const QFontMetrics metrics(font);
-    int width = m_list.verticalScrollBar()->sizeHint().width();
-    for (int column = 0; column < kColumns; ++column) {
-        const int columnWidth = metrics.horizontalAdvance(kDesignedTexts.at(static_cast<std::size_t>(column)));
-        m_list.setColumnWidth(column, columnWidth + kCellMargin);
-        width += columnWidth + kCellMargin;
-    }
+    m_columns.design();
+    m_isDesigned = true;
+    showAllColumns();
+}
+
+/// As wide as the columns, and as high as the screen.
+void LayoutKeeper::showAllColumns()
+{
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    m_window.resize(std::min(width, area.width()), area.height());
-    m_window.move(area.left() + std::max(0, (area.width() - width) / 2), area.top());
+    const int width = std::min(m_columns.total(), area.width());
+    m_window.resize(width, area.height());
+    m_window.move(area.left() + (area.width() - width) / 2, area.top());
 }
 
 void LayoutKeeper::apply(const std::vector<double>& values)
 {
+    m_isDesigned = false;
     const WindowLayout layout = withValues(current(), values);
     if (hasOrdinaryPlace(m_window)) {
         m_window.move(toPixels(layout.left), toPixels(layout.top));
         m_window.resize(toPixels(layout.width), toPixels(layout.height));
     }
-    for (int column = 0; column < kStoredColumns; ++column)
-        m_list.setColumnWidth(column, toPixels(layout.columnWidths.at(static_cast<std::size_t>(column))));
+    for (std::size_t column = 0; column < layout.columnWidths.size(); ++column)
+        if (kPlaceValues + column < values.size())
+            m_columns.set(static_cast<int>(column), toPixels(layout.columnWidths.at(column)));
+}
+
+void LayoutKeeper::followFontAndTexts()
+{
+    m_columns.follow();
+    if (std::exchange(m_isDesigned, false)) showAllColumns();
+}
+
+void LayoutKeeper::fitChosenFont()
+{
+    m_columns.fit();
 }
 
 void LayoutKeeper::applyFinalPlace()

@@ -2,6 +2,7 @@
 
 #include "base/atomic_file.h"
 #include "core/window_layout.h"
+#include "ui/main/column_widths.h"
 
 #include <string>
 #include <vector>
@@ -25,6 +26,13 @@ public:
     /// The values of the file, as far as it holds them.
     void apply(const std::vector<double>& values);
 
+    /// After a loading or a new name: as far as the layout is the designed one, it has room for the texts in
+    /// their font.
+    void followFontAndTexts();
+
+    /// After the choice of a font: the same, and columns that are too narrow for it grow.
+    void fitChosenFont();
+
     /// What every loading ends with: whatever the file said, only the left edge, the widths and the columns
     /// carry over.
     void applyFinalPlace();
@@ -37,12 +45,15 @@ public:
     void save(Flush flush);
 
 private:
+    void showAllColumns();
     [[nodiscard]] WindowLayout current() const;
 
     QWidget& m_window;
     QTreeView& m_list;
     const Session& m_session;
-    bool m_isFlushed = true;  ///< what was saved is on the disk itself
+    ColumnWidths m_columns;
+    bool m_isDesigned = false;  ///< since the designed layout nothing has been loaded into it
+    bool m_isFlushed = true;    ///< what was saved is on the disk itself
 };
 
 }  // namespace kavo

@@ -11,8 +11,10 @@
 #include "reports/spreadsheet_application.h"
 #include "ui/main/popup_menu.h"
 #include "ui/main/results_delegate.h"
+#include "ui/main/results_header.h"
 #include "ui_main_window.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -32,6 +34,13 @@ namespace {
 constexpr const char* kEmptyTableHint =
     "No results yet.\nF2 chooses the game's stats.txt, the right mouse button opens the menu.";
 
+/// Tells a screen reader that this is the window that the others belong to.
+QAccessibleInterface* windowFace(const QString& className, QObject* object)
+{
+    auto* window = className == "Form1" ? qobject_cast<QWidget*>(object) : nullptr;
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
+}
+
 std::unique_ptr<Ui::Form1> designed(QWidget* window)
 {
     auto ui = std::make_unique<Ui::Form1>();
@@ -50,10 +59,11 @@ Form1::Form1(const kavo::Services& services, kavo::Navigator& navigator)
       m_createSpreadsheet(kavo::openSpreadsheetApplication),
       popup(std::make_unique<QMenu>("PopUp", this))
 {
+    QAccessible::installFactory(windowFace);
+    ui->lv->setHeader(new kavo::ResultsHeader(ui->lv));
+    ui->lv->header()->setSectionsClickable(true);  // which a list that does not sort has just switched off
     ui->lv->setModel(&m_model);
     ui->lv->setItemDelegate(new kavo::ResultsDelegate(this));
-    ui->lv->header()->setSectionsClickable(true);
-    ui->lv->header()->setSectionsMovable(false);
     popup->setObjectName("popup");
     showFontSize(kavo::kDesignedFontSize);
     kavo::buildPopupMenu(*popup, *this);
@@ -102,6 +112,7 @@ kavo::LoadingResult Form1::runLoading()
 {
     const QScopedValueRollback loading(m_isLoading, true);
     LayoutLoaded = false;
+    m_model.markFilter({});
     if (!isVisible()) m_layout.applyDesigned();
     const int scrolled = ui->lv->verticalScrollBar()->value();
     // The position counts again once the list knows its rows.
@@ -116,6 +127,7 @@ void Form1::showLoaded(const kavo::LoadingResult& result)
     setWindowTitle(toScreen(session.caption));
     kavo::paintTable(*this, *ui->lv, session.colours);
     showFontSize(session.fontSize);
+    m_layout.followFontAndTexts();
     showSelectedRow();
     if (result.end == kavo::LoadingEnd::Completed) m_layout.applyFinalPlace();
     m_layout.keepOnScreen();
@@ -138,6 +150,7 @@ void Form1::setFontSize(double points)
 {
     m_services.session.fontSize = points;
     showFontSize(points);
+    m_layout.fitChosenFont();
 }
 
 void Form1::showSelectedRow()
@@ -185,6 +198,7 @@ void Form1::filter(kavo::FilterSide side, std::string_view name)
     reload();
     if (name.empty()) return;
     kavo::applyFilter(m_services.session.table, side, name);
+    m_model.markFilter(kavo::Filter{side, std::string(name)});
     m_model.textsChanged();
 }
 
@@ -230,6 +244,11 @@ void Form1::keyPressEvent(QKeyEvent* event)
 
 bool Form1::Form_KeyDown(QKeyEvent& event)
 {
+    if (event.keyCombination() == (Qt::SHIFT | Qt::Key_F10)) {  // the menu key of keyboards without one
+        event.accept();
+        popUpAtSelectedRow();
+        return true;
+    }
     const kavo::MenuEntry* entry = kavo::entryOfKey(event.keyCombination());
     if (entry == nullptr) return cancelExport(event);
     event.accept();
@@ -254,10 +273,14 @@ bool Form1::lv_MouseDown(const QMouseEvent& event)
 bool Form1::lv_ContextMenu(const QContextMenuEvent& event)
 {
     // The mouse has opened the menu at its press; the menu key opens it at the selected row.
-    if (event.reason() == QContextMenuEvent::Mouse) return true;
+    if (event.reason() != QContextMenuEvent::Mouse) popUpAtSelectedRow();
+    return true;
+}
+
+void Form1::popUpAtSelectedRow()
+{
     const QRect row = ui->lv->visualRect(ui->lv->currentIndex()).intersected(ui->lv->viewport()->rect());
     popup->popup(ui->lv->viewport()->mapToGlobal(row.isEmpty() ? QPoint() : row.bottomLeft()));
-    return true;
 }
 
 // lv: a click on a column header renames what it shows
@@ -269,6 +292,7 @@ void Form1::lv_ColumnClick(int section)
     askName(static_cast<kavo::Column>(section));
     kavo::showChangedNames(session, oldPlayer1, oldPlayer2);
     m_model.textsChanged();
+    m_layout.followFontAndTexts();
     kavo::saveNames(session);
     Form_Resize();
 }

@@ -111,6 +111,7 @@ private:
     bool lv_MouseDown(const QMouseEvent& event);
     bool cancelExport(const QKeyEvent& event);
     bool lv_ContextMenu(const QContextMenuEvent& event);
+    void popUpAtSelectedRow();
     void noteFirstPaint();
     bool paintEmptyTable();
     void lv_ColumnClick(int section);

@@ -4,7 +4,8 @@
 
 namespace kavo {
 
-/// Draws the table's cells: in the selected row, too, each in its own colour.
+/// Draws the table's cells. The selected row has a frame around it, and nothing else, so that its grades
+/// keep their colours. A cell that is too narrow for its text tells it in its tool tip.
 class ResultsDelegate final : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -12,8 +13,9 @@ class ResultsDelegate final : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
 };
 
 }  // namespace kavo

@@ -1,11 +1,33 @@
 #include "ui/main/results_model.h"
 
+#include "core/grade_tip.h"
+#include "core/player_names.h"
 #include "forms/screen_text.h"
 #include "forms/window_painting.h"
+#include "ui/main/filter_mark.h"
 
 #include <QFont>
+#include <QGuiApplication>
+#include <QPalette>
+
+#include <algorithm>
+#include <array>
 
 namespace kavo {
+
+namespace {
+
+struct GradedColumns
+{
+    Column time;
+    Column grade;
+};
+
+constexpr std::array kGradedColumns = {GradedColumns{Column::Time1, Column::Target1},
+                                       GradedColumns{Column::Time2, Column::Target2},
+                                       GradedColumns{Column::Team, Column::Target}};
+
+}  // namespace
 
 ResultsModel::ResultsModel(const Session& session, QObject* parent) : QAbstractTableModel(parent), m_session(session) {}
 
@@ -21,7 +43,9 @@ int ResultsModel::columnCount(const QModelIndex& parent) const
 
 QVariant ResultsModel::data(const QModelIndex& index, int role) const
 {
-    const Cell& cell = m_session.table.cell(index.row() + 1, static_cast<Column>(index.column()));
+    const int row = index.row() + 1;
+    const auto column = static_cast<Column>(index.column());
+    const Cell& cell = m_session.table.cell(row, column);
     switch (role) {
     case Qt::DisplayRole: return toScreen(cell.text);
     case Qt::ForegroundRole: return toQColor(cell.colour.value_or(m_session.colours.ColText));
@@ -30,16 +54,70 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const
         font.setBold(cell.bold);
         return font;
     }
+    case Qt::ToolTipRole: return cellToolTip(row, column);
+    case Qt::AccessibleDescriptionRole: return cellDescription(row, column);
     default: return {};
     }
+}
+
+/// Of a time or its grade: what is missing to the next one.
+QString ResultsModel::cellToolTip(int row, Column column) const
+{
+    const auto graded = std::find_if(kGradedColumns.begin(), kGradedColumns.end(), [column](const auto& columns) {
+        return columns.time == column || columns.grade == column;
+    });
+    if (graded == kGradedColumns.end()) return {};
+    const ResultsTable& table = m_session.table;
+    return toScreen(gradeTip(m_session.state, row, table.text(row, graded->time), table.text(row, graded->grade)));
+}
+
+/// What bold letters or a colour tell those who see them.
+QString ResultsModel::cellDescription(int row, Column column) const
+{
+    const Cell& cell = m_session.table.cell(row, column);
+    const bool isPlayer = column == Column::Time1 || column == Column::Time2;
+    const bool isMarked = row == kTotalsRow ? cell.colour.has_value() : cell.bold;
+    QStringList parts;
+    if (isPlayer && isMarked && !cell.text.empty()) parts << "faster";
+    parts << cellToolTip(row, column);
+    parts.removeAll({});
+    return parts.join(", ");
 }
 
 QVariant ResultsModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation != Qt::Horizontal) return {};
-    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole) return {};
-    return toScreen(m_session.table.header(static_cast<Column>(section)));
+    const auto column = static_cast<Column>(section);
+    switch (role) {
+    case Qt::DisplayRole: return toScreen(m_session.table.header(column));
+    case Qt::TextAlignmentRole: return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole: return headerToolTip(column);
+    case Qt::DecorationRole:
+        return isFiltered(column) ? filterMark(QGuiApplication::palette().color(QPalette::ButtonText)) : QVariant();
+    default: return {};
+    }
+}
+
+QString ResultsModel::headerToolTip(Column column) const
+{
+    QStringList parts;
+    if (isFiltered(column))
+        parts << QString(m_filter->side == FilterSide::Player1 ? "Filter #1" : "Filter #2") + ": " +
+                     toScreen(m_filter->name) + ". F5 shows all levels.";
+    if (isNameHeader(column)) parts << "Click to rename";
+    return parts.join(" ");
+}
+
+bool ResultsModel::isFiltered(Column column) const
+{
+    return m_filter && column == (m_filter->side == FilterSide::Player1 ? Column::Time1 : Column::Time2);
+}
+
+void ResultsModel::markFilter(const std::optional<Filter>& filter)
+{
+    m_filter = filter;
+    emit headerDataChanged(Qt::Horizontal, 0, kColumns - 1);
 }
 
 void ResultsModel::textsChanged()

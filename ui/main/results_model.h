@@ -1,10 +1,21 @@
 #pragma once
 
+#include "core/filters.h"
 #include "core/session.h"
 
 #include <QAbstractTableModel>
 
+#include <optional>
+#include <string>
+
 namespace kavo {
+
+/// The filter in force: whose levels are kept, and by what ("World Class", "Victories").
+struct Filter
+{
+    FilterSide side = FilterSide::Player1;
+    std::string name;
+};
 
 /// Shows the session's results table in the list; holds nothing of it.
 class ResultsModel final : public QAbstractTableModel
@@ -19,13 +30,22 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+    /// Marks the column of the player whose levels a filter keeps; nothing takes the mark away.
+    void markFilter(const std::optional<Filter>& filter);
+
     /// Texts have changed in place.
     void textsChanged();
 
 private:
     friend class TableChange;
 
+    [[nodiscard]] QString cellToolTip(int row, Column column) const;
+    [[nodiscard]] QString cellDescription(int row, Column column) const;
+    [[nodiscard]] QString headerToolTip(Column column) const;
+    [[nodiscard]] bool isFiltered(Column column) const;
+
     const Session& m_session;
+    std::optional<Filter> m_filter;
 };
 
 /// Brackets a change of the whole table, which ends with this object. Meanwhile no event loop may run.

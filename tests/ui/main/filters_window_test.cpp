@@ -135,4 +135,29 @@ TEST_F(Filters, WithoutATableDoNothing)
     EXPECT_EQ(list().model()->rowCount(), 0);
 }
 
+TEST_F(Filters, MarkTheColumnOfThePlayerAndSayWhatIsShown)
+{
+    const auto isMarked = [this](int column) {
+        return !list().model()->headerData(column, Qt::Horizontal, Qt::DecorationRole).isNull();
+    };
+    const auto tip = [this](int column) {
+        return list().model()->headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
+    };
+    startLoggedIn();
+    for (int column = 0; column < 9; ++column) EXPECT_FALSE(isMarked(column)) << column;
+    choose("mnuWC");
+    EXPECT_EQ(header(1), "Marek") << "the text stays";
+    for (int column = 0; column < 9; ++column) EXPECT_EQ(isMarked(column), column == 1) << column;
+    EXPECT_EQ(tip(1), "Filter #1: World Class. F5 shows all levels. Click to rename");
+    choose("mnuVic1");
+    for (int column = 0; column < 9; ++column) EXPECT_EQ(isMarked(column), column == 3) << column;
+    EXPECT_EQ(tip(3), "Filter #2: Victories. F5 shows all levels. Click to rename");
+    EXPECT_EQ(tip(1), "Click to rename");
+    choose("mnuFiltNone1");
+    EXPECT_FALSE(isMarked(3));
+    choose("mnuOK");
+    QTest::keyClick(&list(), Qt::Key_F5);
+    EXPECT_FALSE(isMarked(1));
+}
+
 }  // namespace

@@ -1,6 +1,7 @@
 #include "tests/support/window_fixture.h"
 #include "ui/main/popup_menu.h"
 
+#include <QHeaderView>
 #include <QMenu>
 
 namespace {
@@ -41,6 +42,23 @@ protected:
         return cell(1, 1).toStdString() == time;
     }
 };
+
+TEST_F(PopupMenu, OpensWithShiftF10AtTheSelectedRowAndNotWithF10Alone)
+{
+    startLoggedIn();
+    list().setCurrentIndex(index(3, 0));
+    for (const QKeyCombination key : {QKeyCombination(Qt::Key_F10), Qt::CTRL | Qt::Key_F10, Qt::ALT | Qt::Key_F10,
+                                      Qt::CTRL | Qt::SHIFT | Qt::Key_F10}) {
+        QTest::keyClick(&list(), key.key(), key.keyboardModifiers());
+        EXPECT_FALSE(menu().isVisible()) << key;
+    }
+    for (QWidget* receiver : {static_cast<QWidget*>(&list()), static_cast<QWidget*>(list().header())}) {
+        QTest::keyClick(receiver, Qt::Key_F10, Qt::ShiftModifier);
+        ASSERT_TRUE(menu().isVisible());
+        EXPECT_EQ(menu().pos(), list().viewport()->mapToGlobal(list().visualRect(index(3, 0)).bottomLeft()));
+        menu().close();
+    }
+}
 
 TEST_F(PopupMenu, HasItsEntriesInOrder)
 {

@@ -1,0 +1,90 @@
+#include "tests/support/window_fixture.h"
+#include "ui/main/results_header.h"
+
+#include <QAccessible>
+#include <QHeaderView>
+
+namespace {
+
+class ResultsHeader : public kavo::test::ProgramTest
+{
+protected:
+    ResultsHeader() { folder.write("Marek/names.dat", "Ann\r\nBob\r\nDuo\r\n"); }
+
+    QHeaderView& headers() { return *list().header(); }
+    void press(Qt::Key key) { QTest::keyClick(&headers(), key); }
+
+    /// What Space asks in the chosen column.
+    void expectName(const char* title, const char* prompt, const char* offered)
+    {
+        prompts.expectLine({title, prompt, offered}, std::nullopt);
+    }
+};
+
+TEST_F(ResultsHeader, IsReachedByTabAndLeftTheSameWay)
+{
+    startLoggedIn();
+    mainWindow().activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return mainWindow().isActiveWindow(); }));
+    EXPECT_TRUE(list().hasFocus());
+    QTest::keyClick(&list(), Qt::Key_Tab);
+    EXPECT_TRUE(headers().hasFocus());
+    QTest::keyClick(&headers(), Qt::Key_Tab);
+    EXPECT_TRUE(list().hasFocus());
+    QTest::keyClick(&list(), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(headers().hasFocus());
+}
+
+TEST_F(ResultsHeader, SpacePressesTheColumnThatTheArrowKeysChoose)
+{
+    startLoggedIn();
+    press(Qt::Key_Space);  // "Level" asks nothing
+    press(Qt::Key_Right);
+    expectName("Change player name", "Input player name:", "Ann");
+    press(Qt::Key_Space);
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    expectName("Change player name", "Input player name:", "Bob");
+    press(Qt::Key_Space);
+    press(Qt::Key_End);
+    press(Qt::Key_Right);
+    press(Qt::Key_Left);
+    press(Qt::Key_Left);
+    expectName("Change team name", "Input team name:", "Duo");
+    press(Qt::Key_Space);
+    press(Qt::Key_Home);
+    press(Qt::Key_Left);
+    press(Qt::Key_Right);
+    expectName("Change player name", "Input player name:", "Ann");
+    press(Qt::Key_Space);
+    EXPECT_TRUE(prompts.isDone());
+}
+
+TEST_F(ResultsHeader, KeysOfTheTableWorkInItToo)
+{
+    startLoggedIn();
+    bool came = false;
+    EXPECT_TRUE(kavo::test::withWindow(
+        "Form4", [this] { press(Qt::Key_F9); }, [&came](QWidget&) { came = true; }));
+    EXPECT_TRUE(came);
+}
+
+TEST_F(ResultsHeader, TellsAScreenReaderTheChosenColumn)
+{
+    startLoggedIn();
+    press(Qt::Key_Home);
+    const QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&headers());
+    ASSERT_NE(face, nullptr);
+    EXPECT_EQ(face->text(QAccessible::Name), "Level");
+    press(Qt::Key_Right);
+    EXPECT_EQ(face->text(QAccessible::Name), "Ann");
+    EXPECT_EQ(face->text(QAccessible::Description), "Click to rename");
+}
+
+TEST_F(ResultsHeader, CutsLongTextsWithDots)
+{
+    startLoggedIn();
+    EXPECT_EQ(headers().textElideMode(), Qt::ElideRight);
+}
+
+}  // namespace

@@ -1,0 +1,87 @@
+#include "ui/main/column_widths.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTreeView>
+
+#include <algorithm>
+
+namespace kavo {
+
+namespace {
+
+/// What each column has room for in the designed layout, in bold.
+constexpr std::array<const char*, kColumns> kDesignedTexts = {"54, Apple Harvest of", "Player name",  "Professional",
+                                                              "Player name",          "Professional", "Difference",
+                                                              "Team of both",         "Professional", "Player name"};
+constexpr int kCellMargin = 20;  // pixels
+constexpr int kLastColumn = kColumns - 1;
+
+}  // namespace
+
+ColumnWidths::ColumnWidths(QTreeView& list) : m_list(list) {}
+
+void ColumnWidths::design()
+{
+    for (int column = 0; column < kColumns; ++column) {
+        const int width = designed(column);
+        m_list.setColumnWidth(column, width);
+        m_given.at(static_cast<std::size_t>(column)) = width;
+    }
+}
+
+void ColumnWidths::set(int column, int width)
+{
+    m_list.setColumnWidth(column, width);
+    m_given.at(static_cast<std::size_t>(column)) = 0;
+}
+
+void ColumnWidths::follow()
+{
+    for (int column = 0; column < kColumns; ++column) {
+        if (!isAsDesigned(column)) continue;
+        const int width = std::max(designed(column), needed(column));
+        m_list.setColumnWidth(column, width);
+        m_given.at(static_cast<std::size_t>(column)) = width;
+    }
+}
+
+void ColumnWidths::fit()
+{
+    follow();
+    for (int column = 0; column < kColumns; ++column)
+        if (const int width = needed(column); m_list.columnWidth(column) < width) m_list.setColumnWidth(column, width);
+}
+
+int ColumnWidths::total() const
+{
+    int total = m_list.verticalScrollBar()->sizeHint().width();
+    for (int column = 0; column < kColumns; ++column) total += m_list.columnWidth(column);
+    return total;
+}
+
+int ColumnWidths::designed(int column) const
+{
+    QFont font = m_list.font();
+    font.setBold(true);
+    const int text = QFontMetrics(font).horizontalAdvance(kDesignedTexts.at(static_cast<std::size_t>(column)));
+    return text + kCellMargin;
+}
+
+/// For all texts of a column, its header included; an endless name must not push the others out of the window.
+int ColumnWidths::needed(int column) const
+{
+    constexpr int kLargest = 3;  // times the designed width
+    const QAbstractItemView& cells = m_list;
+    const int texts = std::max(cells.sizeHintForColumn(column), m_list.header()->sectionSizeHint(column));
+    return std::min(texts, kLargest * designed(column));
+}
+
+/// The last column fills what is left of the list, so its present width tells nothing.
+bool ColumnWidths::isAsDesigned(int column) const
+{
+    const int given = m_given.at(static_cast<std::size_t>(column));
+    return given > 0 && (column == kLastColumn || m_list.columnWidth(column) == given);
+}
+
+}  // namespace kavo

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QIcon>
+
+namespace kavo {
+
+/// A funnel in the colour of the text beside it: the mark of a filtered column.
+[[nodiscard]] QIcon filterMark(const QColor& colour);
+
+}  // namespace kavo

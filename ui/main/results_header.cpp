@@ -1,0 +1,100 @@
+#include "ui/main/results_header.h"
+
+#include "forms/screen_text.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace kavo {
+
+ResultsHeader::ResultsHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
+{
+    constexpr int kNarrowest = 10;  // pixels; by itself it grows with the font, and stored widths with it
+    setMinimumSectionSize(kNarrowest);
+    setSectionsMovable(false);
+    setStretchLastSection(true);
+    setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    setTextElideMode(Qt::ElideRight);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+bool ResultsHeader::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) return QHeaderView::viewportEvent(event);
+    showToolTip(*static_cast<QHelpEvent*>(event));
+    return true;
+}
+
+void ResultsHeader::showToolTip(const QHelpEvent& event)
+{
+    const int section = logicalIndexAt(event.pos());
+    if (section < 0) return;
+    const QString cut = isCut(section) ? text(section, Qt::DisplayRole) : QString();
+    QToolTip::showText(event.globalPos(), toolTipOf({cut, text(section, Qt::ToolTipRole)}), this);
+}
+
+bool ResultsHeader::isCut(int section) const
+{
+    return sectionSizeFromContents(section).width() > sectionSize(section);
+}
+
+QString ResultsHeader::text(int section, int role) const
+{
+    return model()->headerData(section, orientation(), role).toString();
+}
+
+void ResultsHeader::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left: choose(m_chosen - 1); break;
+    case Qt::Key_Right: choose(m_chosen + 1); break;
+    case Qt::Key_Home: choose(0); break;
+    case Qt::Key_End: choose(count() - 1); break;
+    case Qt::Key_Space:
+        if (!event->isAutoRepeat()) emit sectionClicked(m_chosen);
+        break;
+    default: event->ignore();  // the table's keys work here, too
+    }
+}
+
+void ResultsHeader::choose(int section)
+{
+    m_chosen = qBound(0, section, count() - 1);
+    nameChosen();
+    viewport()->update();
+}
+
+/// The chosen header is what a screen reader is told of.
+void ResultsHeader::nameChosen()
+{
+    setAccessibleName(text(m_chosen, Qt::DisplayRole));
+    setAccessibleDescription(text(m_chosen, Qt::ToolTipRole));
+}
+
+void ResultsHeader::focusInEvent(QFocusEvent* event)
+{
+    QHeaderView::focusInEvent(event);
+    nameChosen();
+    viewport()->update();
+}
+
+void ResultsHeader::focusOutEvent(QFocusEvent* event)
+{
+    QHeaderView::focusOutEvent(event);
+    viewport()->update();
+}
+
+void ResultsHeader::paintSection(QPainter* painter, const QRect& rect, int section) const
+{
+    painter->save();
+    QHeaderView::paintSection(painter, rect, section);
+    painter->restore();
+    if (!hasFocus() || section != m_chosen) return;
+    constexpr int kLine = 2;  // pixels
+    painter->setPen(QPen(palette().color(QPalette::ButtonText), kLine));
+    painter->drawRect(rect.adjusted(kLine / 2, kLine / 2, -kLine, -kLine));
+}
+
+}  // namespace kavo
