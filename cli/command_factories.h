@@ -9,6 +9,7 @@ namespace kavo {
 
 [[nodiscard]] std::unique_ptr<Command> makeExportHtmlCommand();
 [[nodiscard]] std::unique_ptr<Command> makeExportTextCommand();
+[[nodiscard]] std::unique_ptr<Command> makeInstallSchemesCommand();
 [[nodiscard]] std::unique_ptr<Command> makeShowCommand();
 [[nodiscard]] std::unique_ptr<Command> makeUpdateTargetsCommand();
 [[nodiscard]] std::unique_ptr<Command> makeUsersCommand();

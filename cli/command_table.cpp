@@ -56,6 +56,15 @@ constexpr std::array kCommands = {
         .examples = "curl -s \"$PAGE\" | kavo-timing-cli update-targets --page -",
         .make = makeUpdateTargetsCommand,
     },
+    CommandInfo{
+        .name = "install-schemes",
+        .group = kUpkeep,
+        .summary = "Put the supplied colour schemes into the user's list",
+        .details = "Without a NAME all of them. A scheme that is there already stays as it is.",
+        .examples = "kavo-timing-cli install-schemes\n"
+                    "kavo-timing-cli --user Marek install-schemes Night Contrast",
+        .make = makeInstallSchemesCommand,
+    },
 };
 
 std::vector<OptionInfo> infosOf(std::vector<Option> options)

@@ -17,9 +17,14 @@ constexpr std::string_view kExtension = ".ini";
 constexpr std::string_view kInForce = "colors";
 constexpr std::string_view kInForceBefore = "colors_prev";
 
+fs::path schemeFileIn(const fs::path& folder, std::string_view name)
+{
+    return locate(folder / pathOf(std::string(name).append(kExtension)));
+}
+
 fs::path schemeFile(const fs::path& userFolder, std::string_view name)
 {
-    return locate(coloursFolder(userFolder) / pathOf(std::string(name).append(kExtension)));
+    return schemeFileIn(coloursFolder(userFolder), name);
 }
 
 bool isOfOlderKind(const ColourFile& file)
@@ -59,9 +64,14 @@ void saveColours(const fs::path& userFolder, const ColourSet& colours)
 
 std::vector<std::string> listSchemes(const fs::path& userFolder)
 {
+    return schemesIn(coloursFolder(userFolder));
+}
+
+std::vector<std::string> schemesIn(const fs::path& folder)
+{
     std::vector<std::string> names;
     std::error_code error;
-    for (fs::directory_iterator entry(coloursFolder(userFolder), error), end; !error && entry != end;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
         const std::string file = textOf(entry->path().filename());
         std::error_code ignored;
@@ -76,6 +86,16 @@ std::vector<std::string> listSchemes(const fs::path& userFolder)
         return foldedA == foldedB ? a < b : foldedA < foldedB;
     });
     return names;
+}
+
+bool installScheme(const fs::path& folder, std::string_view name, const fs::path& userFolder)
+{
+    makeColoursFolder(userFolder);
+    const fs::path target = schemeFile(userFolder, name);
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(target, error))) return false;  // whatever it is, it is the user's
+    replaceFile(target, readFile(schemeFileIn(folder, name)));
+    return true;
 }
 
 void saveScheme(const fs::path& userFolder, std::string_view name, const ColourSet& colours)

@@ -23,6 +23,15 @@ void saveColours(const std::filesystem::path& userFolder, const ColourSet& colou
 /// Names of the schemes in the order of the alphabet, without the ".ini". Empty without a folder.
 [[nodiscard]] std::vector<std::string> listSchemes(const std::filesystem::path& userFolder);
 
+/// The same of a folder that schemes come from.
+[[nodiscard]] std::vector<std::string> schemesIn(const std::filesystem::path& folder);
+
+/// Copies a scheme of `folder` byte for byte into the user's `colors` folder, which is made when it is missing.
+/// Returns false, and changes nothing, when the user has one of that name. Throws RunTimeError: PathNotFound for a
+/// user without a folder, else as reading and replacing files do.
+[[nodiscard]] bool installScheme(const std::filesystem::path& folder, std::string_view name,
+                                 const std::filesystem::path& userFolder);
+
 /// Writes a scheme, over one of that name; nothing when the user has no `colors` folder. Throws
 /// RunTimeError(PathNotFound) on a name that would lead out of the folder.
 void saveScheme(const std::filesystem::path& userFolder, std::string_view name, const ColourSet& colours);

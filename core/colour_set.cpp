@@ -1,6 +1,7 @@
 #include "core/colour_set.h"
 
 #include "base/file_name.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/text_cursor.h"
 #include "base/text_file.h"
@@ -42,6 +43,15 @@ std::filesystem::path coloursFolder(const std::filesystem::path& userFolder)
 std::filesystem::path coloursFile(const std::filesystem::path& userFolder)
 {
     return locate(userFolder / "colors" / "colors.ini");
+}
+
+void makeColoursFolder(const std::filesystem::path& userFolder)
+{
+    if (folderExists(coloursFolder(userFolder))) return;
+    if (!folderExists(userFolder)) throw RunTimeError(Failure::PathNotFound, userFolder);
+    std::error_code error;
+    std::filesystem::create_directory(coloursFolder(userFolder), error);
+    if (error) throw RunTimeError(error, coloursFolder(userFolder));
 }
 
 ColourSet readTableColours(const std::filesystem::path& userFolder)

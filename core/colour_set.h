@@ -58,6 +58,10 @@ struct ColourFile
 [[nodiscard]] std::filesystem::path coloursFolder(const std::filesystem::path& userFolder);
 [[nodiscard]] std::filesystem::path coloursFile(const std::filesystem::path& userFolder);
 
+/// Makes the `colors` folder where it is missing. Throws RunTimeError: PathNotFound for a user without a folder of
+/// their own, which is an error and no new user; PathFileAccess, DiskFull.
+void makeColoursFolder(const std::filesystem::path& userFolder);
+
 /// The colours of the results table: a file shorter than ten bytes is no colour file.
 [[nodiscard]] ColourSet readTableColours(const std::filesystem::path& userFolder);
 

@@ -40,16 +40,6 @@ void startAnew(Session& session)
     session.CompCategory.clear();
 }
 
-void makeColoursFolder(const fs::path& userFolder, bool mayMake)
-{
-    if (folderExists(coloursFolder(userFolder))) return;
-    // Only the last folder is made: a user without a folder of their own is an error, not a new user.
-    if (!folderExists(userFolder)) throw RunTimeError(Failure::PathNotFound, userFolder);
-    std::error_code error;
-    if (mayMake) fs::create_directory(coloursFolder(userFolder), error);
-    if (error) throw RunTimeError(error, coloursFolder(userFolder));
-}
-
 void readLayout(const Session& session, LoadingHost& host)
 {
     if (const auto text = readFileIfThere(layoutFile(session.userFolder))) host.applyLayout(parseLayoutValues(*text));
@@ -134,7 +124,10 @@ void runSteps(Session& session, LoadingHost& host, const LoadingOptions& options
 {
     session.UserName = options.user ? *options.user : readCurrentUser(session.programFolder);
     session.userFolder = userFolder(session.programFolder, session.UserName);
-    makeColoursFolder(session.userFolder, options.makesFolders);
+    if (options.makesFolders)
+        makeColoursFolder(session.userFolder);
+    else if (!folderExists(session.userFolder))
+        throw RunTimeError(Failure::PathNotFound, session.userFolder);
     readLayout(session, host);
     session.state.resetCounters();
     session.BugTimes1.fill("");

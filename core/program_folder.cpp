@@ -75,7 +75,7 @@ fs::path madeAndSupplied(const fs::path& folder, const fs::path& suppliedFiles)
 }
 
 /// In an installation they lie in its data folder, in a portable copy beside the program.
-fs::path suppliedFilesFor(const fs::path& executableFolder)
+fs::path suppliedFilesOf(const fs::path& executableFolder)
 {
     fs::path installed = executableFolder.parent_path() / "share" / kFolderName;
     return folderExists(installed) ? installed : executableFolder;
@@ -119,7 +119,7 @@ ProgramFolderSources programFolderSources(std::optional<std::string> option)
     sources.dataHome = environmentValue("XDG_DATA_HOME");
     sources.home = environmentValue("HOME");
 #endif
-    sources.suppliedFiles = suppliedFilesFor(sources.executableFolder);
+    sources.suppliedFiles = suppliedFilesOf(sources.executableFolder);
     return sources;
 }
 
@@ -129,6 +129,13 @@ fs::path findProgramFolder(const ProgramFolderSources& sources)
     if (sources.environment) return named(*sources.environment);
     if (canBeWritten(sources.executableFolder)) return sources.executableFolder;
     return madeAndSupplied(dataHomeOf(sources) / kFolderName, sources.suppliedFiles);
+}
+
+fs::path findSuppliedFolder(const fs::path& programFolder, const fs::path& executableFolder, std::string_view name)
+{
+    for (const fs::path& place : {programFolder, executableFolder, suppliedFilesOf(executableFolder)})
+        if (fs::path folder = locate(place / name); folderExists(folder)) return folder;
+    return {};
 }
 
 }  // namespace kavo

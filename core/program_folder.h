@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace kavo {
 
@@ -27,5 +28,11 @@ struct ProgramFolderSources
 /// data home is made and supplied when first missing. Throws RunTimeError: PathNotFound when a named
 /// folder does not exist or no home is known, PathFileAccess, DiskFull.
 [[nodiscard]] std::filesystem::path findProgramFolder(const ProgramFolderSources& sources);
+
+/// A folder that comes with the program ("templates", "schemes"): in the program folder or beside the
+/// executable (a portable copy), else among the supplied files of an installation. Empty when there is none.
+[[nodiscard]] std::filesystem::path findSuppliedFolder(const std::filesystem::path& programFolder,
+                                                       const std::filesystem::path& executableFolder,
+                                                       std::string_view name);
 
 }  // namespace kavo

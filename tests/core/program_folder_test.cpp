@@ -212,6 +212,27 @@ TEST(ProgramFolderSources, ComeFromOptionAndEnvironment)
 }
 #endif
 
+TEST(SuppliedFolder, OfAPortableCopyComesBeforeThatOfAnInstallation)
+{
+    const TemporaryFolder folder;
+    for (const char* name : {"program", "bin"}) fs::create_directory(folder / name);
+    const auto found = [&] { return findSuppliedFolder(folder / "program", folder / "bin", "templates"); };
+    EXPECT_EQ(found(), fs::path());
+    fs::create_directories(folder / "share/kavo-timing/templates");
+    EXPECT_EQ(found(), folder / "share/kavo-timing/templates");
+    fs::create_directory(folder / "bin/templates");
+    EXPECT_EQ(found(), folder / "bin/templates");
+    fs::create_directory(folder / "program/Templates");
+    EXPECT_EQ(found(), folder / "program/Templates");
+}
+
+TEST(SuppliedFolder, IsNoFileOfThatName)
+{
+    const TemporaryFolder folder;
+    folder.write("program/templates", "");
+    EXPECT_EQ(findSuppliedFolder(folder / "program", folder / "bin", "templates"), fs::path());
+}
+
 }  // namespace
 
 }  // namespace kavo
