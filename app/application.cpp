@@ -2,6 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "core/version.h"
+#include "forms/focus_style.h"
 #include "forms/screen_text.h"
 
 #include <QIcon>
@@ -14,6 +15,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv)
     setApplicationDisplayName({});
     setApplicationVersion(toScreen(kProductVersion));
     setDesktopFileName("kavo-timing");
+    setStyle(new FocusStyle);
     setWindowIcon(QIcon(":/kavo-timing.svg"));
     // Between the login and the main window there is a moment without any window.
     setQuitOnLastWindowClosed(false);

@@ -3,11 +3,30 @@
 #include "base/file_name.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QScopeGuard>
+#include <QWindow>
 
+#include <chrono>
 #include <cstdio>
 
 namespace kavo {
+
+namespace {
+
+/// Lets a window come to the screen before something keeps the event loop waiting. Not every desktop tells
+/// when it is there.
+void letAppear(const QWidget& window)
+{
+    using namespace std::chrono_literals;
+    const QDeadlineTimer patience(200ms);
+    do
+        QApplication::processEvents();
+    while (!window.windowHandle()->isExposed() && !patience.hasExpired());
+    QApplication::processEvents();  // paints it
+}
+
+}  // namespace
 
 Program::Program(const std::filesystem::path& programFolder, Prompts& prompts)
 {
@@ -47,7 +66,7 @@ void Program::showMain()
     const auto closeSplash = qScopeGuard([this] { m_splash->close(); });
     m_splash->show();
     m_login->hide();
-    QApplication::processEvents();
+    letAppear(*m_splash);
     // A box that the loading shows must not lie behind the splash.
     connect(m_mainWindow.get(), &Form1::aboutToPrompt, m_splash.get(), &QWidget::close);
     m_splash->raise();

@@ -2,10 +2,15 @@
 
 #include "forms/screen_text.h"
 
+#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+
+#include <algorithm>
 
 namespace kavo {
 
@@ -18,12 +23,43 @@ void keepAbove(QWidget& box, const QWidget* parent)
         box.setWindowFlag(Qt::WindowStaysOnTopHint);
 }
 
+/// The width that the title of a box needs beside the icon and the buttons of its title bar.
+int widthOfTitle(const QWidget& box)
+{
+    constexpr int kIconAndButtons = 140;  // pixels
+    const QFontMetrics metrics(QApplication::font("QMdiSubWindowTitleBar"));
+    return metrics.horizontalAdvance(box.windowTitle()) + kIconAndButtons;
+}
+
+/// A box grows with its layout only.
+void widenToTitle(QMessageBox& box)
+{
+    auto* layout = qobject_cast<QGridLayout*>(box.layout());
+    if (layout == nullptr) return;
+    const QMargins margins = layout->contentsMargins();
+    auto* strut = new QSpacerItem(widthOfTitle(box) - margins.left() - margins.right(), 0);
+    layout->addItem(strut, layout->rowCount(), 0, 1, layout->columnCount());
+}
+
+/// The same for a box that asks for a line; a long question gets several lines.
+void arrange(QInputDialog& box)
+{
+    constexpr int kLongestLine = 60;  // average characters
+    auto* question = box.findChild<QLabel*>();
+    if (question == nullptr) return;
+    const int longest = kLongestLine * question->fontMetrics().averageCharWidth();
+    const bool isLong = question->sizeHint().width() > longest;
+    question->setWordWrap(isLong);
+    question->setMinimumWidth(std::max(widthOfTitle(box), isLong ? longest : 0));
+}
+
 int execMessage(QWidget* parent, const Message& message, QMessageBox::StandardButtons buttons)
 {
     const auto icon = message.icon == MessageIcon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon;
     QMessageBox box(icon, toScreen(message.title), toScreen(message.text), buttons, parent);
     box.setTextFormat(Qt::PlainText);  // a player may be called <b>
     keepAbove(box, parent);
+    widenToTitle(box);
     return box.exec();
 }
 
@@ -52,6 +88,7 @@ std::optional<QString> ScreenPrompts::askLine(QWidget* parent, const LineQuestio
     dialog.setWindowTitle(question.title);
     dialog.setLabelText(question.prompt);
     dialog.setTextValue(question.preset);
+    arrange(dialog);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue();
 }

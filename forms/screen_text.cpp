@@ -53,4 +53,13 @@ std::string fromScreen(const QString& text, std::string_view offered)
     return text == toScreen(offered) ? std::string(offered) : fromScreen(text);
 }
 
+QString toolTipOf(const QStringList& lines)
+{
+    QStringList escaped;
+    for (const QString& line : lines)
+        if (!line.isEmpty()) escaped << line.toHtmlEscaped();
+    if (escaped.isEmpty()) return {};
+    return R"(<p style="white-space: pre">)" + escaped.join("<br>") + "</p>";
+}
+
 }  // namespace kavo

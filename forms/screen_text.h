@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <cstddef>
 #include <filesystem>
@@ -37,5 +38,8 @@ inline constexpr std::size_t kLongestPage = 1'000'000;
 
 /// The same for a text that was offered to the user first: left as it was, it keeps its bytes.
 [[nodiscard]] std::string fromScreen(const QString& text, std::string_view offered);
+
+/// Text of a tool tip with these lines, each shown as it is, markup included. Empty lines are left out.
+[[nodiscard]] QString toolTipOf(const QStringList& lines);
 
 }  // namespace kavo

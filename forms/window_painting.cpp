@@ -45,13 +45,6 @@ void paintControl(QWidget& control, Colour text, Colour background)
     control.setPalette(paletteOf(control, text, background));
 }
 
-/// Between two colours: 0 is the first, 1 the second.
-QColor blend(const QColor& first, const QColor& second, double share)
-{
-    const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
-    return {mix(first.red(), second.red()), mix(first.green(), second.green()), mix(first.blue(), second.blue())};
-}
-
 }  // namespace
 
 QColor toQColor(Colour colour)
@@ -94,13 +87,9 @@ void paintTable(QWidget& window, QAbstractItemView& list, const ColourSet& colou
     QPalette palette = paletteOf(list, colours.ColText, colours.ColBack);
     palette.setColor(QPalette::Text, toQColor(colours.ColText));
     palette.setColor(QPalette::Base, toQColor(colours.ColBack));
-    // The selected row is only tinted, so that its grades keep their colours.
-    constexpr double kTint = 0.2;
-    for (const auto group : kGroups) {
-        const QColor highlight = QApplication::palette(&list).color(group, QPalette::Highlight);
-        palette.setColor(group, QPalette::Highlight, blend(toQColor(colours.ColBack), highlight, kTint));
-        palette.setColor(group, QPalette::HighlightedText, toQColor(colours.ColText));
-    }
+    // The selected row keeps its colours; its delegate frames it.
+    palette.setColor(QPalette::Highlight, toQColor(colours.ColBack));
+    palette.setColor(QPalette::HighlightedText, toQColor(colours.ColText));
     list.setPalette(palette);
     for (QWidget* part : list.findChildren<QWidget*>())
         if (qobject_cast<QHeaderView*>(part) != nullptr || qobject_cast<QScrollBar*>(part) != nullptr)

@@ -1,0 +1,141 @@
+#include "forms/focus_style.h"
+
+#include <QAbstractScrollArea>
+#include <QCheckBox>
+#include <QEvent>
+#include <QPainter>
+#include <QRadioButton>
+#include <QStyleOption>
+
+#include <algorithm>
+
+namespace kavo {
+
+namespace {
+
+constexpr int kRing = 2;  // pixels around a box that has the focus
+
+/// The colour of a mark's lines: the text's, paler for a button that cannot be pressed.
+QColor markColour(const QStyleOption& option)
+{
+    constexpr double kPale = 0.5;
+    QColor colour = option.palette.color(QPalette::WindowText);
+    if (!option.state.testFlag(QStyle::State_Enabled)) colour.setAlphaF(kPale);
+    return colour;
+}
+
+QColor markGround(const QStyleOption& option)
+{
+    const bool isPressed = option.state.testFlag(QStyle::State_Sunken);
+    return option.palette.color(isPressed ? QPalette::Mid : QPalette::Window);
+}
+
+/// A circle, with a dot in it when the option is chosen.
+void drawOptionMark(QPainter& painter, const QStyleOption& option)
+{
+    const QRectF circle = QRectF(option.rect).adjusted(1, 1, -1, -1);
+    painter.setPen(QPen(markColour(option), 1));
+    painter.setBrush(markGround(option));
+    painter.drawEllipse(circle);
+    if (!option.state.testFlag(QStyle::State_On)) return;
+    const double rest = circle.width() / 4;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(markColour(option));
+    painter.drawEllipse(circle.adjusted(rest, rest, -rest, -rest));
+}
+
+/// A square, with a tick in it when the box is checked.
+void drawCheckMark(QPainter& painter, const QStyleOption& option)
+{
+    const QRectF square = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(QPen(markColour(option), 1));
+    painter.setBrush(markGround(option));
+    painter.drawRect(square);
+    if (!option.state.testFlag(QStyle::State_On)) return;
+    const auto at = [&square](double x, double y) {
+        return QPointF(square.left() + x * square.width(), square.top() + y * square.height());
+    };
+    painter.setPen(QPen(markColour(option), square.width() / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF({at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.28)}));
+}
+
+/// Around the text of a button that has the focus.
+void drawFocusMark(QPainter& painter, const QStyleOption& option)
+{
+    painter.setPen(QPen(markColour(option), 1, Qt::DotLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
+/// What draws a mark, where that is not left to the desktop's style.
+auto markDrawer(QStyle::PrimitiveElement element, const QWidget* widget) -> void (*)(QPainter&, const QStyleOption&)
+{
+    const bool isMarked =
+        qobject_cast<const QRadioButton*>(widget) != nullptr || qobject_cast<const QCheckBox*>(widget) != nullptr;
+    if (!isMarked) return nullptr;
+    if (element == QStyle::PE_IndicatorRadioButton) return drawOptionMark;
+    if (element == QStyle::PE_IndicatorCheckBox) return drawCheckMark;
+    if (element == QStyle::PE_FrameFocusRect) return drawFocusMark;
+    return nullptr;
+}
+
+bool isBox(const QObject* object)
+{
+    const auto* area = qobject_cast<const QAbstractScrollArea*>(object);
+    return area != nullptr && area->frameShape() == QFrame::StyledPanel;
+}
+
+}  // namespace
+
+void FocusStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (isBox(widget)) widget->installEventFilter(this);
+}
+
+void FocusStyle::unpolish(QWidget* widget)
+{
+    widget->removeEventFilter(this);
+    QProxyStyle::unpolish(widget);
+}
+
+/// Only the inside of a box is painted anew by itself when the focus comes or goes.
+bool FocusStyle::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) static_cast<QWidget*>(watched)->update();
+    return false;
+}
+
+int FocusStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    const int pixels = QProxyStyle::pixelMetric(metric, option, widget);
+    return metric == PM_DefaultFrameWidth && isBox(widget) ? std::max(pixels, kRing) : pixels;
+}
+
+void FocusStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const
+{
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element != CE_ShapedFrame || !isBox(widget) || !option->state.testFlag(State_HasFocus)) return;
+    painter->save();
+    painter->setPen(
+        QPen(option->palette.color(QPalette::Highlight), kRing, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter->drawRect(QRectF(option->rect).adjusted(kRing / 2, kRing / 2, -kRing / 2, -kRing / 2));
+    painter->restore();
+}
+
+void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const
+{
+    const auto draw = markDrawer(element, widget);
+    if (draw == nullptr) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    draw(*painter, *option);
+    painter->restore();
+}
+
+}  // namespace kavo
