@@ -27,6 +27,9 @@ struct Session
     /// no other can then be written in this run.
     bool isHtmlReportOpen = false;
 
+    /// Where templates were last loaded from or saved to in this run; empty before.
+    std::filesystem::path lastTemplateFolder;
+
     ResultsTable table;
     std::string UserName;
     std::filesystem::path userFolder;

@@ -2,6 +2,7 @@
 
 #include "base/file_name.h"
 #include "base/text_file.h"
+#include "core/program_folder.h"
 #include "core/session.h"
 #include "forms/event_guard.h"
 #include "forms/prompts.h"
@@ -125,15 +126,20 @@ void Form11::Command1_Click()
 // Command2: save the sections
 void Form11::Command2_Click()
 {
-    const QString chosen = services().prompts.askFileToSave(this, {.filters = templateFilters()});
-    if (!chosen.isEmpty()) kavo::replaceFile(typedPath(chosen), kavo::formatTemplate(sections()));
+    const QString chosen = services().prompts.askFileToSave(
+        this, {.filters = templateFilters(), .startAt = kavo::pathToScreen(session().lastTemplateFolder)});
+    if (chosen.isEmpty()) return;
+    kavo::replaceFile(typedPath(chosen), kavo::formatTemplate(sections()));
+    session().lastTemplateFolder = typedPath(chosen).parent_path();
 }
 
 // Command5: load them
 void Form11::Command5_Click()
 {
-    const QString chosen = services().prompts.askFileToOpen(this, {.filters = templateFilters()});
+    const QString chosen = services().prompts.askFileToOpen(
+        this, {.filters = templateFilters(), .startAt = kavo::pathToScreen(templateFolder())});
     const auto path = chosen.isEmpty() ? std::filesystem::path() : typedPath(chosen);
+    if (!chosen.isEmpty()) session().lastTemplateFolder = path.parent_path();
     const kavo::TemplateSections loaded = kavo::loadTemplateFile(sections(), path);
     m_beginning.setBytes(loaded.beginning);
     m_loop.setBytes(loaded.loop);
@@ -152,6 +158,13 @@ void Form11::Command4_Click()
         outcome = kFailed;  // whatever it was: the box says no more
     }
     services().prompts.tell(this, {.text = std::string(outcome)});
+}
+
+/// Where templates are looked for: where the last one was, at first where the supplied ones are.
+std::filesystem::path Form11::templateFolder() const
+{
+    if (kavo::folderExists(session().lastTemplateFolder)) return session().lastTemplateFolder;
+    return kavo::findSuppliedFolder(session().programFolder, kavo::executableFolder(), "templates");
 }
 
 std::filesystem::path Form11::typedPath(const QString& text) const

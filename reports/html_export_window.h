@@ -49,6 +49,7 @@ private:
     void Command4_Click();
     void Command5_Click();
     [[nodiscard]] std::filesystem::path typedPath(const QString& text) const;
+    [[nodiscard]] std::filesystem::path templateFolder() const;
     [[nodiscard]] kavo::TemplateSections sections() const;
 
     std::unique_ptr<Ui::Form11> ui;

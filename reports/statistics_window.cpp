@@ -70,10 +70,14 @@ void Form6::show(Side side)
     const auto figures = kavo::statisticsFigures(session().state, side);
     const std::array bars = {ui->ProgressBar1, ui->ProgressBar2, ui->ProgressBar3, ui->ProgressBar4,
                              ui->ProgressBar5, ui->ProgressBar6, ui->ProgressBar7};
+    const std::array numbers = {ui->Number1, ui->Number2, ui->Number3, ui->Number4,
+                                ui->Number5, ui->Number6, ui->Number7};
     for (std::size_t i = 0; i < bars.size(); ++i) {
         QProgressBar& bar = *bars.at(i);
+        const QString number = QString::number(figures.at(i));
         bar.setValue(std::clamp(figures.at(i), bar.minimum(), bar.maximum()));
-        bar.setToolTip(QString::number(figures.at(i)));
+        bar.setToolTip(number);
+        numbers.at(i)->setText(number);
     }
     ui->Text1->setPlainText(kavo::toScreen(kavo::statisticsText(session().state, side)));
 }

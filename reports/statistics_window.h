@@ -16,6 +16,7 @@ class Form6;
 /// | Option1, Option2, Option3      | whose figures: player 1, player 2, the team          |
 /// | ProgressBar1 to ProgressBar7   | Beginner to World Record, victories; a unit a level  |
 /// | Label1 to Label7               | their captions                                       |
+/// | Number1 to Number7             | their values, above them                             |
 /// | Text1                          | the figures as text                                  |
 /// | Command1                       | close                                                |
 class Form6 final : public kavo::SecondaryWindow

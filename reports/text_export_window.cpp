@@ -32,6 +32,7 @@ Form9::Form9(const kavo::Services& services, QWidget* parent)
     : SecondaryWindow(services, parent), ui(std::make_unique<Ui::Form9>())
 {
     ui->setupUi(this);
+    enableExport(false);
     wire();
     applyColours();
 }
@@ -51,7 +52,13 @@ void Form9::Command1_Click()
     const QString chosen = services().prompts.askFileToSave(this, {.startAt = ui->Text1->text()});
     const bool isNamed = !kavo::trimBlanks(fromScreen(chosen)).empty();
     if (isNamed) ui->Text1->setText(chosen);
-    ui->Command2->setEnabled(isNamed);
+    enableExport(isNamed);
+}
+
+void Form9::enableExport(bool isEnabled)
+{
+    ui->Command2->setEnabled(isEnabled);
+    ui->Command2->setToolTip(isEnabled ? QString() : "Choose a file with Browse first");
 }
 
 // Command2: write the report

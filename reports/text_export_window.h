@@ -33,6 +33,7 @@ private:
     void Command1_Click();
     void Command2_Click();
     void Command3_Click();
+    void enableExport(bool isEnabled);
     [[nodiscard]] std::filesystem::path launcher() const;
     void openReport(const std::filesystem::path& report);
 

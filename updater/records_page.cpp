@@ -75,7 +75,7 @@ bool isTimeOfLevel(std::string_view text)
 /// backup, and the same targets once more are no loss.
 void keepFormerTargets(const fs::path& programFolder, std::string_view former, std::string_view replacement)
 {
-    const fs::path backup = locate(programFolder / "targets.bak");
+    const fs::path backup = targetsBackupFile(programFolder);
     if (former.empty() || former == replacement) return;
     if (holdsAllTargets(former) || !fileExists(backup)) replaceFile(backup, former);
 }
@@ -141,6 +141,11 @@ std::string joinTargets(const TargetRecords& records, std::string_view fixedTarg
     for (int record = 1; record <= kTotalsRow; ++record)
         content.append(records[record]).append(",").append(lines.line()).append(kLineEnd);
     return content;
+}
+
+fs::path targetsBackupFile(const fs::path& programFolder)
+{
+    return locate(programFolder / "targets.bak");
 }
 
 void rewriteTargets(const fs::path& programFolder, const TargetRecords& records)

@@ -47,4 +47,7 @@ using TargetRecords = OneBased<std::string, kTotalsRow>;
 /// files does.
 void rewriteTargets(const std::filesystem::path& programFolder, const TargetRecords& records);
 
+/// Where the targets before the last good update are.
+[[nodiscard]] std::filesystem::path targetsBackupFile(const std::filesystem::path& programFolder);
+
 }  // namespace kavo

@@ -1,5 +1,6 @@
 #include "updater/targets_updater_window.h"
 
+#include "base/file_name.h"
 #include "core/session.h"
 #include "forms/event_guard.h"
 #include "forms/prompts.h"
@@ -85,6 +86,8 @@ void Form7::Command2_Click()
 {
     ui->Command2->setEnabled(false);
     ui->pgb->setVisible(true);
+    m_hasFailed = false;
+    ui->Label1->setToolTip({});
     showStatus("Connecting...");
     ui->pgb->setValue(0);
     takeProgressStep();
@@ -103,8 +106,10 @@ void Form7::showWaiting()
 void Form7::inet1_StateChanged(int state)
 {
     if (state == kavo::TransferState::ResponseCompleted) collectPage();
-    if (state == kavo::TransferState::Error)
+    if (state == kavo::TransferState::Error) {
+        m_hasFailed = true;
         services().prompts.tell(this, {std::string(kavo::messages::kTransferError)});
+    }
     if (!isVisible()) return;  // closed with the box: nothing is to be written then
     takeProgressStep();
     if (!inet1->stillExecuting()) endDownload();
@@ -139,6 +144,8 @@ void Form7::Timer1_Timer()
     kavo::rewriteTargets(session().programFolder, records);
     showStatus("Finished!");
     ui->pgb->setValue(ui->pgb->maximum());
+    if (m_hasFailed && kavo::fileExists(kavo::targetsBackupFile(session().programFolder)))
+        ui->Label1->setToolTip("The page did not come whole. The former targets are in targets.bak");
 }
 
 /// Painted at once: the steps of the parsing follow each other without a pause.

@@ -62,5 +62,6 @@ private:
     std::unique_ptr<kavo::Transfer> inet1;
     QTimer* Timer1;
     QTimer* Timer2;
-    std::string m_page;  ///< everything received since the window was opened
+    bool m_hasFailed = false;  ///< the latest transfer has
+    std::string m_page;        ///< everything received since the window was opened
 };

@@ -186,6 +186,25 @@ TEST_F(HtmlExportWindow, BrowseFillsThePathOrLeavesIt)
     EXPECT_EQ(path().text(), "/tmp/r.html");
 }
 
+TEST_F(HtmlExportWindow, TemplatesAreLookedForAmongTheSuppliedOnesThenWhereTheLastOneWas)
+{
+    folder.write("templates/supplied.ett", "");
+    folder.write("mine/own.ett", "");
+    load(nullptr);
+    EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("templates"));
+    load("mine/own.ett");
+    EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("templates"));
+    save();
+    EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("mine"));
+    window = std::make_unique<Form11>(services, nullptr);
+    showAndWait(*window);
+    load(nullptr);
+    EXPECT_EQ(QString(prompts.startOfLastFileDialog() + "/saved.ett"), inFolder("saved.ett")) << "where it was saved";
+    session.lastTemplateFolder = folder / "gone";
+    load(nullptr);
+    EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("templates"));
+}
+
 TEST_F(HtmlExportWindow, ExportWritesTheTypedSections)
 {
     ::setenv("LC_ALL", "C", 1);

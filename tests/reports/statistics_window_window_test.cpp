@@ -23,6 +23,15 @@ protected:
         return values;
     }
 
+    /// As they stand above the bars.
+    static std::vector<int> numbers(const Form6& window)
+    {
+        std::vector<int> values;
+        for (int i = 1; i <= 7; ++i)
+            values.push_back(control<QLabel>(window, QString("Number%1").arg(i)).text().toInt());
+        return values;
+    }
+
     static QString text(const Form6& window) { return control<QPlainTextEdit>(window, "Text1").toPlainText(); }
 
     static void choose(const Form6& window, const char* option)
@@ -55,6 +64,7 @@ TEST_F(StatisticsWindow, OpensOnPlayer1)
     Form6 window(services, nullptr);
     EXPECT_TRUE(control<QRadioButton>(window, "Option1").isChecked());
     EXPECT_EQ(bars(window), (Values{6, 5, 4, 3, 2, 1, 30}));
+    EXPECT_EQ(numbers(window), (Values{6, 5, 4, 3, 2, 1, 30}));
     EXPECT_EQ(text(window),
               "Your statistics: \nWorld Records:\t1\nWorld Class:\t2\nProfessional:\t3\nGood:        \t4\n"
               "OK:           \t5\nBeginner: \t6\nVictories:  \t30");

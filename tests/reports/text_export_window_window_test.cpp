@@ -73,11 +73,14 @@ TEST_F(TextExportWindow, BrowseEnablesTheExportAndAnEmptyNameDisablesItAgain)
     showAndWait(window);
     QTest::keyClicks(&path(window), "typed.txt");
     EXPECT_FALSE(exporting(window).isEnabled());
+    EXPECT_EQ(exporting(window).toolTip(), "Choose a file with Browse first");
     browseTo(window, " report.txt ");
     EXPECT_EQ(path(window).text(), " report.txt ");
     EXPECT_TRUE(exporting(window).isEnabled());
+    EXPECT_EQ(exporting(window).toolTip(), "");
     browseTo(window, "");
     EXPECT_FALSE(exporting(window).isEnabled());
+    EXPECT_EQ(exporting(window).toolTip(), "Choose a file with Browse first");
     EXPECT_EQ(path(window).text(), " report.txt ");
     browseTo(window, "   ");
     EXPECT_FALSE(exporting(window).isEnabled());

@@ -99,11 +99,13 @@ std::optional<QString> ScriptedPrompts::askLine(QWidget*, const LineQuestion& qu
 
 QString ScriptedPrompts::askFileToOpen(QWidget*, const FileQuestion& question)
 {
+    m_startOfLastFileDialog = question.startAt;
     return take(described("open", question.filters)).text.value_or(QString());
 }
 
 QString ScriptedPrompts::askFileToSave(QWidget*, const FileQuestion& question)
 {
+    m_startOfLastFileDialog = question.startAt;
     return take(described("save", question.filters)).text.value_or(QString());
 }
 

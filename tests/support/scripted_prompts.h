@@ -27,6 +27,9 @@ public:
     void expectFileToSave(const QStringList& filters, const QString& answer);
     void expectColour(const QColor& preset, const QColor& answer);
 
+    /// Where the last file dialog opened.
+    [[nodiscard]] const QString& startOfLastFileDialog() const { return m_startOfLastFileDialog; }
+
     /// All boxes of the script have come.
     [[nodiscard]] bool isDone() const { return m_script.empty(); }
 
@@ -51,6 +54,7 @@ private:
     Box take(const QString& described);
 
     std::queue<Box> m_script;
+    QString m_startOfLastFileDialog;
 };
 
 }  // namespace kavo::test

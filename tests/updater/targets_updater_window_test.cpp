@@ -106,6 +106,23 @@ TEST_F(UpdaterWindow, TransferErrorIsToldAndTheParsingStillRuns)
     EXPECT_EQ(folder.read("targets.bak"), former);
 }
 
+TEST_F(UpdaterWindow, AfterAnErrorTheStateTellsWhereTheFormerTargetsAre)
+{
+    const auto tip = [this] { return control<QLabel>(*window, "Label1").toolTip(); };
+    const PageServer bad(always(response("", "404 Not Found")));
+    const PageServer good(always(response(samplePage())));
+    open();
+    EXPECT_EQ(tip(), "");
+    prompts.expectMessage(kError);
+    pressUpdate(bad);
+    waitForEnd();
+    EXPECT_EQ(tip(), "The page did not come whole. The former targets are in targets.bak");
+    pressUpdate(good);
+    EXPECT_EQ(tip(), "");
+    waitForEnd();
+    EXPECT_EQ(tip(), "");
+}
+
 TEST_F(UpdaterWindow, ErrorAfterASuccessParsesWhatThereIs)
 {
     const PageServer good(always(response(samplePage())));

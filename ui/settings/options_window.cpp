@@ -8,7 +8,8 @@
 #include "forms/screen_text.h"
 #include "ui_options_window.h"
 
-#include <QFileInfo>
+#include <QDir>
+#include <QLineEdit>
 
 using kavo::CompareMethod;
 using kavo::fromScreen;
@@ -18,7 +19,9 @@ Form2::Form2(const kavo::Services& services, QWidget* parent)
     : SecondaryWindow(services, parent), ui(std::make_unique<Ui::Form2>())
 {
     ui->setupUi(this);
+    m_designedPath = ui->Text1->text();
     ui->Combo1->setCurrentIndex(-1);  // no grade until one is chosen
+    ui->Combo1->lineEdit()->setPlaceholderText("choose a grade");
     ui->Text1->setFocus();
     wire();
     Form_Load();
@@ -104,10 +107,16 @@ void Form2::Option3_Click()
 // Command1, Command2: browse for a statistics file
 void Form2::browse(QLineEdit& box)
 {
-    const auto current = kavo::locateTyped(session().programFolder, fromScreen(box.text()));
-    const QString chosen = services().prompts.askFileToOpen(
-        this, {.title = {}, .filters = {}, .startAt = QFileInfo(kavo::pathToScreen(current)).path()});
+    const QString chosen = services().prompts.askFileToOpen(this, {.startAt = startOfBrowsing(box.text())});
     if (!chosen.isEmpty()) box.setText(chosen);
+}
+
+/// The folder of the path that a box holds; the home folder as long as it holds none.
+QString Form2::startOfBrowsing(const QString& typed) const
+{
+    const auto folder = kavo::locateTyped(session().programFolder, fromScreen(typed)).parent_path();
+    const bool isChosen = !typed.isEmpty() && typed != m_designedPath && kavo::folderExists(folder);
+    return isChosen ? kavo::pathToScreen(folder) : QDir::homePath();
 }
 
 void Form2::Command1_Click()

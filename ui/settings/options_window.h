@@ -49,10 +49,12 @@ private:
     void Command4_Click();
     void Command5_Click();
     void browse(QLineEdit& box);
+    [[nodiscard]] QString startOfBrowsing(const QString& typed) const;
     void showSettings();
     void keepFirstResults(const kavo::Settings& settings);
     [[nodiscard]] kavo::Settings settingsOfControls() const;
 
     std::unique_ptr<Ui::Form2> ui;
+    QString m_designedPath;  ///< what the path boxes hold before a path has been chosen
     kavo::Settings m_shown;  ///< what the controls were filled with, byte for byte
 };

@@ -5,7 +5,7 @@
 namespace kavo {
 
 /// A label that shows one colour (the Window colour of its palette) and can be clicked, with the mouse or
-/// with Space and Enter.
+/// with Space and Enter. To a screen reader it is a button, with the name of the colour.
 class Swatch final : public QLabel
 {
     Q_OBJECT
@@ -16,6 +16,9 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+    /// Of the colours that have a name the one that looks most like it: "red".
+    [[nodiscard]] QString colourName() const;
+
 signals:
     void clicked();
 
@@ -24,6 +27,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 };
 
 }  // namespace kavo

@@ -1,6 +1,7 @@
 #include "ui/settings/view_window.h"
 
 #include "base/run_time_error.h"
+#include "base/text.h"
 #include "core/colour_schemes.h"
 #include "core/session.h"
 #include "core/settings.h"
@@ -169,7 +170,7 @@ void Form3::cmbSheme_Click()
 
 void Form3::Command5_Click()  // Set
 {
-    const std::string name = ui->cmbSheme->currentData(kBytes).toByteArray().toStdString();
+    const std::string name = schemeAt(ui->cmbSheme->currentIndex());
     if (name.empty()) return;
     kavo::setScheme(m_userFolder, name);
     Form_Load();
@@ -177,8 +178,17 @@ void Form3::Command5_Click()  // Set
 
 void Form3::Command6_Click()  // Save
 {
-    kavo::saveScheme(m_userFolder, kavo::fromScreen(ui->Text2->text()), m_colours);
+    const std::string name = kavo::fromScreen(ui->Text2->text());
+    kavo::saveScheme(m_userFolder, name, m_colours);
     fillSchemes();
+    for (int item = 0; item < ui->cmbSheme->count(); ++item)
+        if (kavo::equalIgnoringCase(schemeAt(item), name)) ui->cmbSheme->setCurrentIndex(item);
+}
+
+/// Name of a scheme in the list, as its file has it.
+std::string Form3::schemeAt(int item) const
+{
+    return ui->cmbSheme->itemData(item, kBytes).toByteArray().toStdString();
 }
 
 // Text1, Command1: font size of the results table
@@ -196,10 +206,11 @@ bool Form3::eventFilter(QObject* watched, QEvent* event)
     if (!isBox || event->type() != QEvent::KeyPress) return SecondaryWindow::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key != Qt::Key_Return && key != Qt::Key_Enter) return SecondaryWindow::eventFilter(watched, event);
-    // Enter in a box must not press the window's default button, which saves the colours.
-    if (watched == ui->Text1) {
-        ui->Text1->interpretText();
-        kavo::guarded([this] { Command1_Click(); });
-    }
+    // Enter in a box presses the button beside it, not the window's default one, which saves the colours.
+    if (watched == ui->Text1) ui->Text1->interpretText();
+    kavo::guarded([this, watched] {
+        if (watched == ui->Text1) Command1_Click();
+        if (watched == ui->Text2 && !ui->Text2->text().isEmpty()) Command6_Click();
+    });
     return true;
 }

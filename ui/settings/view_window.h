@@ -6,6 +6,7 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <string>
 
 namespace kavo {
 class Swatch;
@@ -62,6 +63,7 @@ private:
     void Command6_Click();
     void cmbSheme_Click();
     void fillSchemes();
+    [[nodiscard]] std::string schemeAt(int item) const;
     void upgradeColours();
     void showColours();
     void pickColour(std::size_t line);

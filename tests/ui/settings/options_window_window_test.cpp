@@ -1,7 +1,9 @@
+#include "forms/screen_text.h"
 #include "tests/support/patience.h"
 #include "tests/support/window_fixture.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -255,6 +257,35 @@ TEST_F(OptionsWindow, BrowseButtonsFillTheirBoxes)
         prompts.expectFileToOpen({}, "/games/two/stats.txt");
         press(window, "Command2");
         EXPECT_EQ(line(window, "Text2").text(), "/games/two/stats.txt");
+    });
+}
+
+TEST_F(OptionsWindow, GradeIsAskedForUntilOneIsChosen)
+{
+    folder.write("Marek/data.ini", "game/stats.txt\r\n 3 \r\n\r\n\r\n");
+    look([](const QWidget& window) {
+        EXPECT_EQ(category(window).currentText(), "");
+        EXPECT_EQ(category(window).lineEdit()->placeholderText(), "choose a grade");
+        press(window, "Command3");
+    });
+    EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n 3 \r\n\r\n\r\n 8 \r\n");
+}
+
+TEST_F(OptionsWindow, BrowsingStartsInTheHomeFolderUnlessTheBoxHoldsAPath)
+{
+    folder.write("game/sub/other.txt", "");
+    const auto startOf = [this](const QWidget& window, const QString& typed) {
+        line(window, "Text1").setText(typed);
+        prompts.expectFileToOpen({}, "");
+        press(window, "Command1");
+        return prompts.startOfLastFileDialog();
+    };
+    look([&](const QWidget& window) {
+        EXPECT_EQ(startOf(window, "game/sub/other.txt"), kavo::pathToScreen(folder / "game/sub"));
+        EXPECT_EQ(startOf(window, kavo::pathToScreen(folder / "game/stats.txt")), kavo::pathToScreen(folder / "game"));
+        EXPECT_EQ(startOf(window, ""), QDir::homePath());
+        EXPECT_EQ(startOf(window, "\\stats.txt"), QDir::homePath()) << "as designed: nothing was chosen yet";
+        EXPECT_EQ(startOf(window, "/unplugged/disk/stats.txt"), QDir::homePath());
     });
 }
 

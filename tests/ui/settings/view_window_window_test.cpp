@@ -234,13 +234,52 @@ TEST_F(ViewWindow, SchemeIsNotSavedWithoutTheFolder)
     EXPECT_FALSE(folder.has("Marek/colors"));
 }
 
-TEST_F(ViewWindow, EnterInTheNameOfASchemeSavesNothing)
+TEST_F(ViewWindow, EnterInTheNameOfASchemeSavesThatAndNothingElse)
 {
     look([this](const QWidget& window) {
-        QTest::keyClicks(&control<QLineEdit>(window, "Text2"), "mine");
-        QTest::keyClick(&control<QLineEdit>(window, "Text2"), Qt::Key_Return);
-        EXPECT_FALSE(folder.has("Marek/colors/mine.ini"));
+        auto& name = control<QLineEdit>(window, "Text2");
+        QTest::keyClick(&name, Qt::Key_Return);
+        EXPECT_FALSE(folder.has("Marek/colors/.ini")) << "there is no name yet";
+        QTest::keyClicks(&name, "mine");
+        QTest::keyClick(&name, Qt::Key_Return);
+        EXPECT_EQ(folder.read("Marek/colors/mine.ini"), kDefaults);
         EXPECT_FALSE(folder.has(kColours));
+        EXPECT_TRUE(window.isVisible());
+    });
+}
+
+TEST_F(ViewWindow, SavedSchemeIsTheChosenOneInTheList)
+{
+    folder.write("Marek/colors/Day.ini", kNine);
+    folder.write("Marek/colors/night.ini", kNine);
+    look([](const QWidget& window) {
+        choose(window, "night");
+        auto& name = control<QLineEdit>(window, "Text2");
+        QTest::keyClicks(&name, "mine");
+        press(window, "Command6");
+        EXPECT_EQ(schemes(window).currentText(), "mine");
+        EXPECT_TRUE(button(window, "Command5").isEnabled());
+        name.setText("DAY");
+        press(window, "Command6");
+        EXPECT_EQ(schemes(window).currentText(), "Day") << "the file of that name, whatever its case";
+    });
+}
+
+TEST_F(ViewWindow, SwatchesSayWhatTheirColoursAreFor)
+{
+    look([](const QWidget& window) {
+        const std::pair<const char*, const char*> tips[] = {
+            {"lCol_0", "Background of all windows and of the results table"},
+            {"lCol_1", "Titles of frames"},
+            {"lCol_2", "Labels and option buttons"},
+            {"lCol_3", "Results table: text, and Beginner grades"},
+            {"Label10", "Results table: World Record grades"},
+            {"Label11", "Results table: World Class grades"},
+            {"Label12", "Results table: Professional grades"},
+            {"Label13", "Results table: Good grades"},
+            {"Label14", "Results table: OK grades"},
+        };
+        for (const auto& [name, tip] : tips) EXPECT_EQ(swatch(window, name).toolTip(), tip);
     });
 }
 
