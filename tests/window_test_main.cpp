@@ -1,4 +1,5 @@
 #include "app/application.h"
+#include "tests/support/fixed_fonts.h"
 
 #include <gtest/gtest.h>
 
@@ -7,6 +8,7 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();  // needs no display
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    kavo::test::useFixedFonts();
     kavo::Application application(argc, argv);
     return RUN_ALL_TESTS();
 }

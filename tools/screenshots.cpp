@@ -1,69 +1,90 @@
-// Saves a picture of every window, on a copy of the demo folder: screenshots FOLDER [COLOURS.ini]
+// Takes the pictures of the user guide: screenshots FOLDER saves one of every window, and beside it what it
+// shows in words; screenshots --sheet FILE.png saves all windows side by side in one picture.
 
 #include "app/application.h"
-#include "app/program.h"
-#include "base/text_file.h"
-#include "tests/support/all_windows.h"
-#include "tests/support/program_folder_fixture.h"
+#include "tests/support/fixed_fonts.h"
+#include "tests/support/pictures.h"
 
-#include <QMenu>
+#include <QFile>
+#include <QPainter>
 
 #include <cstdio>
+#include <string_view>
+#include <vector>
 
 namespace {
 
-constexpr QSize kMainWindow(900, 600);
-
-bool save(QWidget& window, const QString& folder, const QString& name)
+bool write(const QString& path, const QString& text)
 {
-    QApplication::processEvents();
-    const QString path = folder + "/" + name + ".png";
-    if (window.grab().save(path)) return true;
-    std::fprintf(stderr, "Cannot write %s\n", qPrintable(path));
-    return false;
+    QFile file(path);
+    return file.open(QFile::WriteOnly) && file.write(text.toUtf8()) >= 0;
 }
 
-bool saveMainWindow(Form1& mainWindow, const QString& folder)
+/// Says which file could not be written.
+bool told(bool isWritten, const QString& path)
 {
-    mainWindow.resize(kMainWindow);
-    auto& menu = *mainWindow.findChild<QMenu*>("popup");
-    menu.popup(mainWindow.pos());
-    const bool isMenuSaved = save(menu, folder, "menu");
-    menu.close();
-    return save(mainWindow, folder, "main-window") && isMenuSaved;
+    if (!isWritten) static_cast<void>(std::fprintf(stderr, "Cannot write %s\n", qPrintable(path)));
+    return isWritten;
 }
 
-bool saveLogin(kavo::Program& program, const QString& folder)
+bool savePictures(const QString& folder)
 {
-    program.showLogin("Marek", false);
-    return save(program.loginWindow(), folder, "login");
+    bool isSaved =
+        told(write(folder + "/surroundings.txt", kavo::test::surroundings() + '\n'), folder + "/surroundings.txt");
+    const bool haveAllCome = kavo::test::showPictures([&](const QString& name, QWidget& window) {
+        const QString path = folder + '/' + name;
+        isSaved = told(window.grab().save(path + ".png"), path + ".png") && isSaved;
+        isSaved = told(write(path + ".txt", kavo::test::describe(window)), path + ".txt") && isSaved;
+    });
+    return haveAllCome && isSaved;
+}
+
+/// Rows of pictures from the left to the right, as many as fit the width.
+QImage arranged(const std::vector<QImage>& pictures, int width, int gap)
+{
+    std::vector<QRect> places;
+    QPoint at(gap, gap);
+    int bottom = 0;
+    for (const QImage& picture : pictures) {
+        if (at.x() > gap && at.x() + picture.width() + gap > width) at = {gap, bottom + gap};
+        places.emplace_back(at, picture.size());
+        bottom = std::max(bottom, at.y() + picture.height());
+        at.rx() += picture.width() + gap;
+    }
+    QImage sheet(width, bottom + gap, QImage::Format_RGB32);
+    sheet.fill(Qt::gray);
+    QPainter painter(&sheet);
+    for (std::size_t i = 0; i < pictures.size(); ++i) painter.drawImage(places.at(i), pictures.at(i));
+    return sheet;
+}
+
+bool saveSheet(const QString& path)
+{
+    constexpr int kWidth = 1900;
+    constexpr int kGap = 12;
+    std::vector<QImage> pictures;
+    const bool haveAllCome = kavo::test::showPictures([&](const QString& name, QWidget& window) {
+        if (name.startsWith("scheme-")) return;  // the main window once more
+        QImage picture = window.grab().toImage();
+        picture.setDevicePixelRatio(1);
+        pictures.push_back(std::move(picture));
+    });
+    const qreal ratio = qApp->devicePixelRatio();
+    const QImage sheet = arranged(pictures, static_cast<int>(kWidth * ratio), static_cast<int>(kGap * ratio));
+    // Few colours, and no dots between them, make a small file.
+    const QImage reduced = sheet.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
+    return told(reduced.save(path), path) && haveAllCome;
 }
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
+    kavo::test::useFixedFonts();
     kavo::Application application(argc, argv);
-    if (argc < 2 || argc > 3) {
-        std::fprintf(stderr, "Usage: %s FOLDER [COLOURS.ini]\n", argv[0]);
-        return 2;
-    }
-    const QString folder = QString::fromLocal8Bit(argv[1]);
-    const kavo::test::TemporaryFolder demo;
-    kavo::test::copyDemo(demo);
-    demo.write("autolog.dat", " 1 \r\n");
-    if (argc == 3) demo.write("Marek/colors/colors.ini", kavo::readFile(argv[2]));
-    kavo::Program program(demo.path(), application.prompts());
-    program.start();
-    bool isComplete = saveMainWindow(program.mainWindow(), folder);
-    for (const kavo::test::WindowRow& row : kavo::test::allWindows()) {
-        bool isSaved = false;
-        const bool came = kavo::test::withWindow(program.mainWindow(), row,
-                                                 [&](QWidget& window) { isSaved = save(window, folder, row.image); });
-        if (!came) std::fprintf(stderr, "%s did not open\n", row.className);
-        isComplete = isComplete && isSaved;
-    }
-    program.mainWindow().hide();
-    demo.write("autolog.dat", "0");
-    return saveLogin(program, folder) && isComplete ? 0 : 1;
+    const QStringList arguments = kavo::Application::arguments();
+    if (arguments.size() == 2 && arguments.at(1) != "--sheet") return savePictures(arguments.at(1)) ? 0 : 1;
+    if (arguments.size() == 3 && arguments.at(1) == "--sheet") return saveSheet(arguments.at(2)) ? 0 : 1;
+    static_cast<void>(std::fprintf(stderr, "Usage: %s FOLDER | --sheet FILE.png\n", argv[0]));
+    return 2;
 }

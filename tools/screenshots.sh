@@ -1,8 +1,23 @@
 #!/bin/sh
-# Takes a picture of every window into docs/images. Needs a configured build folder (default: build).
+# Takes all pictures of docs/images anew. Needs a configured build folder (default: build-test), and Chromium for the
+# pages of the templates, which stay as they are without it.
 set -eu
 cd "$(dirname "$0")/.."
-build="${1:-build}"
+build="${1:-build-test}"
+images=docs/images
+pages=tests/pages
+
 cmake --build "$build" --target kavo-screenshots
-mkdir -p docs/images
-QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=1 "$build/tools/kavo-screenshots" docs/images
+export QT_QPA_PLATFORM="offscreen:configfile=$PWD/tests/data/large_screen.json"
+rm -f "$images"/*.txt
+QT_SCALE_FACTOR=1 "$build/tools/kavo-screenshots" "$images"
+for scale in 1 1.5 2; do
+    percent=$(echo "$scale" | awk '{ print $1 * 100 }')
+    QT_SCALE_FACTOR=$scale "$build/tools/kavo-screenshots" --sheet "$images/contact-sheet-$percent.png"
+done
+
+browser="$(command -v chromium || command -v chromium-browser)" || {
+    echo "Without Chromium the pictures of the templates stay as they are." >&2
+    exit 0
+}
+python3 -B "$pages/take_pictures.py" "$browser" "$images"

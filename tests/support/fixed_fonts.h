@@ -1,0 +1,9 @@
+#pragma once
+
+namespace kavo::test {
+
+/// Takes the fonts of one package alone, where that is installed, so that windows have the same sizes on
+/// every computer. To be called before there is an application.
+void useFixedFonts();
+
+}  // namespace kavo::test
