@@ -20,7 +20,7 @@ struct WindowLayout
     std::array<double, kStoredColumns> columnWidths{};
 };
 
-inline constexpr int kPlaceValues = 4;     ///< those before the columns
+inline constexpr int kPlaceValues = 4;  ///< those before the columns
 inline constexpr int kLayoutValues = kPlaceValues + kStoredColumns;
 
 /// The values of a layout file in file order, up to the first line that is no number; ten when complete.
