@@ -20,8 +20,7 @@ void letAppear(const QWidget& window)
 {
     using namespace std::chrono_literals;
     const QDeadlineTimer patience(200ms);
-    do
-        QApplication::processEvents();
+    do QApplication::processEvents();
     while (!window.windowHandle()->isExposed() && !patience.hasExpired());
     QApplication::processEvents();  // paints it
 }

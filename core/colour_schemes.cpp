@@ -71,8 +71,7 @@ std::vector<std::string> schemesIn(const fs::path& folder)
 {
     std::vector<std::string> names;
     std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
         const std::string file = textOf(entry->path().filename());
         std::error_code ignored;
         if (file.size() < kExtension.size() || !entry->is_regular_file(ignored)) continue;

@@ -3,6 +3,7 @@
 #include "base/text_file.h"
 #include "core/colour_set.h"
 #include "tests/support/colour_vision.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -35,7 +36,7 @@ constexpr std::array kGrades = {&ColourSet::ColWR,   &ColourSet::ColWC, &ColourS
 
 std::filesystem::path schemesFolder()
 {
-    return std::filesystem::path(KAVO_SOURCE_FOLDER) / "data" / "schemes";
+    return kavo::test::sourceFolder() / "data" / "schemes";
 }
 
 ColourSet scheme(const std::string& name)

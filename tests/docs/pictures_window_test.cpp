@@ -3,6 +3,7 @@
 #include "base/text_file.h"
 #include "forms/screen_text.h"
 #include "tests/support/pictures.h"
+#include "tests/support/places.h"
 
 #include <QImageReader>
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ constexpr const char* kHowToRenew = "\nTake the pictures anew: tools/screenshots
 
 fs::path images()
 {
-    return fs::path(KAVO_SOURCE_FOLDER) / "docs/images";
+    return kavo::test::sourceFolder() / "docs/images";
 }
 
 /// The text beside a picture; its first line is the size.
@@ -46,7 +47,7 @@ std::set<std::string> linkedPictures()
 {
     std::set<std::string> names;
     const std::regex link(R"(images/([a-z0-9-]+)\.png)");
-    for (const auto& entry : fs::recursive_directory_iterator(fs::path(KAVO_SOURCE_FOLDER) / "docs")) {
+    for (const auto& entry : fs::recursive_directory_iterator(kavo::test::sourceFolder() / "docs")) {
         if (entry.path().extension() != ".md") continue;
         const std::string page = kavo::readFile(entry.path());
         for (std::sregex_iterator at(page.begin(), page.end(), link), end; at != end; ++at) names.insert((*at)[1]);

@@ -1,5 +1,7 @@
 #include "tests/support/fixed_fonts.h"
 
+#include "tests/support/places.h"
+
 #include <QFile>
 #include <QtGlobal>
 
@@ -8,7 +10,7 @@ namespace kavo::test {
 void useFixedFonts()
 {
     const bool isInstalled = QFile::exists("/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf");
-    if (isInstalled) qputenv("FONTCONFIG_FILE", KAVO_SOURCE_FOLDER "/tests/data/fonts.conf");
+    if (isInstalled) qputenv("FONTCONFIG_FILE", (sourceFolder() / "tests/data/fonts.conf").string().c_str());
 }
 
 }  // namespace kavo::test

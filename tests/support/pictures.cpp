@@ -7,6 +7,7 @@
 #include "forms/screen_text.h"
 #include "reports/template_file.h"
 #include "tests/support/all_windows.h"
+#include "tests/support/places.h"
 #include "tests/support/program_folder_fixture.h"
 
 #include <QAbstractButton>
@@ -39,7 +40,7 @@ constexpr int kLevel = 8;  ///< that the levels' statistics show
 
 std::filesystem::path dataFolder()
 {
-    return std::filesystem::path(KAVO_SOURCE_FOLDER) / "data";
+    return kavo::test::sourceFolder() / "data";
 }
 
 void settle()

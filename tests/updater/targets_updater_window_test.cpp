@@ -113,7 +113,7 @@ TEST_F(UpdaterWindow, AfterAnErrorTheStateTellsWhereTheFormerTargetsAre)
     const PageServer good(always(response(samplePage())));
     open();
     EXPECT_EQ(tip(), "");
-    prompts.expectMessage(kError);
+    prompts.expectMessage(kTransferFailed);
     pressUpdate(bad);
     waitForEnd();
     EXPECT_EQ(tip(), "The page did not come whole. The former targets are in targets.bak");
