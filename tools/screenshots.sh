@@ -1,9 +1,9 @@
 #!/bin/sh
-# Takes all pictures of docs/images anew. Needs a configured build folder (default: build-test), and Chromium for the
+# Takes all pictures of docs/images anew. Needs a configured build folder (default: build-dev), and Chromium for the
 # pages of the templates, which stay as they are without it.
 set -eu
 cd "$(dirname "$0")/.."
-build="${1:-build-test}"
+build="${1:-build-dev}"
 images=docs/images
 pages=tests/pages
 

@@ -149,9 +149,9 @@ TEST(LibreOfficeExport, NeedsTheModuleInOneOfItsPlaces)
 TEST(LibreOfficeExport, TheModuleIsLookedForBesideTheProgramAndInTheLibraryFolder)
 {
     EXPECT_EQ(modulePlaces("/opt/kavo/bin"),
-              (std::vector<std::filesystem::path>{"/opt/kavo/bin/spreadsheet_libreoffice.so",
-                                                  "/opt/kavo" / test::libraryFolder() /
-                                                      "kavo-timing/spreadsheet_libreoffice.so"}));
+              (std::vector<std::filesystem::path>{
+                  "/opt/kavo/bin/spreadsheet_libreoffice.so",
+                  "/opt/kavo" / test::libraryFolder() / "kavo-timing/spreadsheet_libreoffice.so"}));
 }
 
 }  // namespace

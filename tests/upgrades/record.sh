@@ -1,9 +1,9 @@
 #!/bin/bash
 # Keeps what the present version leaves of a program folder, in tests/upgrades/VERSION, when it is released.
-# Usage: tests/upgrades/record.sh [BUILD_FOLDER]     (default: build-test, with the tests built)
+# Usage: tests/upgrades/record.sh [BUILD_FOLDER]     (default: build-dev, with the tests built)
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-build="${1:-build-test}"
+build="${1:-build-dev}"
 version="$(sed -nE 's/^project\(.* VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt)"
 place="tests/upgrades/$version"
 
