@@ -2,11 +2,14 @@
 
 #ifndef _WIN32
 
+#include <cerrno>
 #include <csignal>
+#include <optional>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 
 /// Trouble with the system that a test makes for itself.
@@ -48,7 +51,18 @@ private:
 /// A process that may not open another file.
 class NoMoreFiles
 {
-    Limit m_limit{RLIMIT_NOFILE, 0};
+public:
+    NoMoreFiles()
+    {
+        // The sanitizer of undefined behaviour looks at the type of an object once, through a pipe: before there is
+        // no file to be had for that.
+        for (const auto* category : {&std::generic_category(), &std::system_category()})
+            static_cast<void>(std::error_code(EMFILE, *category) == std::errc::too_many_files_open);
+        m_limit.emplace(RLIMIT_NOFILE, rlim_t{0});
+    }
+
+private:
+    std::optional<Limit> m_limit;
 };
 
 /// Runs an action in a process of its own, which ends at once behind it as if it had been killed there.
