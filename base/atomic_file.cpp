@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <functional>
+#include <utility>
 
 #ifdef _WIN32
 #include <io.h>
@@ -117,7 +118,7 @@ bool isTemporaryName(const fs::path& name)
     return text.starts_with(kTemporaryStart) && text.ends_with(kTemporaryEnd);
 }
 
-AtomicFile::AtomicFile(const fs::path& path) : m_named(path)
+AtomicFile::AtomicFile(fs::path path) : m_named(std::move(path))
 {
     findTarget();
     openTemporary();

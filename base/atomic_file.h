@@ -22,7 +22,7 @@ class AtomicFile final
 {
 public:
     /// Throws RunTimeError: PathNotFound, PathFileAccess, DiskFull.
-    explicit AtomicFile(const std::filesystem::path& path);
+    explicit AtomicFile(std::filesystem::path path);
     ~AtomicFile();
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;

@@ -115,7 +115,10 @@ public:
     Decoder(const Decoder&) = delete;
     Decoder& operator=(const Decoder&) = delete;
 
-    [[nodiscard]] bool isKnown() const { return m_state != reinterpret_cast<iconv_t>(-1); }
+    [[nodiscard]] bool isKnown() const
+    {
+        return m_state != reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr): iconv's own mark
+    }
 
     /// Nothing for an unassigned byte.
     [[nodiscard]] std::optional<char32_t> character(char byte) const

@@ -28,7 +28,7 @@ OpenFile openOrdinary(const fs::path& path)
 }
 
 /// A larger buffer that begins with what is in the smaller one.
-std::unique_ptr<char[]> enlarged(const std::unique_ptr<char[]>& buffer, std::size_t length, std::size_t size)
+FileContent::Bytes enlarged(const FileContent::Bytes& buffer, std::size_t length, std::size_t size)
 {
     auto larger = std::make_unique_for_overwrite<char[]>(size);
     std::copy_n(buffer.get(), length, larger.get());

@@ -22,12 +22,14 @@ inline constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 31U;  ///< b
 class FileContent final
 {
 public:
-    FileContent(std::unique_ptr<char[]> bytes, std::size_t length) : m_bytes(std::move(bytes)), m_length(length) {}
+    using Bytes = std::unique_ptr<char[]>;  // NOLINT(modernize-avoid-c-arrays): unlike others never filled with zeros
+
+    FileContent(Bytes bytes, std::size_t length) : m_bytes(std::move(bytes)), m_length(length) {}
 
     [[nodiscard]] std::string_view view() const { return {m_bytes.get(), m_length}; }
 
 private:
-    std::unique_ptr<char[]> m_bytes;
+    Bytes m_bytes;
     std::size_t m_length;
 };
 

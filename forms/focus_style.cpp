@@ -120,7 +120,8 @@ void FocusStyle::drawControl(ControlElement element, const QStyleOption* option,
     painter->save();
     painter->setPen(
         QPen(option->palette.color(QPalette::Highlight), kRing, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter->drawRect(QRectF(option->rect).adjusted(kRing / 2, kRing / 2, -kRing / 2, -kRing / 2));
+    constexpr qreal kMiddle = kRing / 2.0;
+    painter->drawRect(QRectF(option->rect).adjusted(kMiddle, kMiddle, -kMiddle, -kMiddle));
     painter->restore();
 }
 
