@@ -2,15 +2,14 @@
 
 #include "base/file_name.h"
 #include "base/run_time_error.h"
+#include "base/write_protection.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <functional>
 #include <utility>
 
-#ifdef _WIN32
-#include <io.h>
-#else
+#ifndef _WIN32
 #include <fcntl.h>
 #include <unistd.h>
 #endif
@@ -38,17 +37,6 @@ std::error_code flushFolder([[maybe_unused]] const fs::path& folder)
     ::close(descriptor);
     return error;
 #endif
-}
-
-/// A file that the user has write-protected is not replaced behind the protection.
-std::error_code writeProtection(const fs::path& target)
-{
-#ifdef _WIN32
-    const bool isWritable = ::_waccess(target.c_str(), 2) == 0;
-#else
-    const bool isWritable = ::access(target.c_str(), W_OK) == 0;
-#endif
-    return isWritable ? std::error_code() : std::error_code(errno, std::generic_category());
 }
 
 /// The file at the end of a chain of symbolic links, whether it is there or not.
@@ -158,7 +146,7 @@ void AtomicFile::findTarget()
     const bool isThere = type != fs::file_type::not_found;
     // Folders, disks, sockets; or a file that is still open here and there without its name.
     const bool isReplaceable = !isThere || (type == fs::file_type::regular && fs::equivalent(m_named, m_target, error));
-    if (isReplaceable && isThere) error = writeProtection(m_target);
+    if (isReplaceable && isThere) error = writeProtection(m_target);  // no file is replaced behind it
     if (type == fs::file_type::directory) error = std::make_error_code(std::errc::is_a_directory);
     if (!isReplaceable || error) throw RunTimeError(Failure::PathFileAccess, m_named, error);
     if (m_target.filename().empty()) throw RunTimeError(Failure::PathNotFound, m_named);

@@ -1,7 +1,7 @@
 #include "cli/command_factories.h"
 #include "cli/loaded_results.h"
-#include "cli/printable.h"
 #include "cli/report_json.h"
+#include "cli/report_output.h"
 #include "cli/table_print.h"
 #include "core/filters.h"
 
@@ -40,19 +40,13 @@ public:
         if (m_filter2) applyFilter(table, FilterSide::Player2, *m_filter2);
         tellMessages(loaded, context.messages);
         if (m_json)
-            writeJson(loaded, context);
+            writeJson(context, formatJson({loaded.session, loaded.result, loaded.messages}));
         else if (loaded.hasTable())
             writeTable(table, context);
         return loaded.status();
     }
 
 private:
-    static void writeJson(const LoadedResults& loaded, const CommandContext& context)
-    {
-        const std::string json = formatJson({loaded.session, loaded.result, loaded.messages});
-        context.out.write(context.terminal.isTerminal ? printableJson(json) : json);
-    }
-
     void writeTable(const ResultsTable& table, const CommandContext& context) const
     {
         const Terminal& terminal = context.terminal;

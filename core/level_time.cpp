@@ -1,6 +1,7 @@
 #include "core/level_time.h"
 
 #include "base/text.h"
+#include "core/counted_time.h"
 
 #include <cmath>
 #include <cstdint>
@@ -66,7 +67,7 @@ Difference TimeDifference(std::string_view first, std::string_view second)
     if (first == second) return result;
     // Only the second time is replaced: a first "SKIPPED" counts as 0 and so wins the level. Players'
     // victories have been counted this way from the start.
-    double distance = HundredthsOf(second == kSkipped ? kSkippedTime : second) - HundredthsOf(first);
+    double distance = HundredthsOf(countedTime(second)) - HundredthsOf(first);
     result.faster = distance < 0 ? Faster::Second : Faster::First;
     distance = std::fabs(distance);
     if (distance < 100) {

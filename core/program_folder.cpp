@@ -3,6 +3,7 @@
 #include "base/file_name.h"
 #include "base/run_time_error.h"
 #include "base/text_file.h"
+#include "base/write_protection.h"
 
 #include <array>
 #include <cstdlib>
@@ -10,10 +11,7 @@
 #include <utility>
 
 #ifdef _WIN32
-#include <io.h>
 #include <windows.h>
-#else
-#include <unistd.h>
 #endif
 
 namespace fs = std::filesystem;
@@ -31,15 +29,6 @@ std::optional<std::string> environmentValue(const char* name)
     const char* value = std::getenv(name);
     if (value == nullptr || *value == '\0') return std::nullopt;
     return value;
-}
-
-bool canBeWritten(const fs::path& folder)
-{
-#ifdef _WIN32
-    return folderExists(folder) && ::_waccess(folder.c_str(), 2) == 0;
-#else
-    return folderExists(folder) && ::access(folder.c_str(), W_OK | X_OK) == 0;
-#endif
 }
 
 fs::path dataHomeOf(const ProgramFolderSources& sources)
@@ -127,7 +116,8 @@ fs::path findProgramFolder(const ProgramFolderSources& sources)
 {
     if (sources.option) return named(*sources.option);
     if (sources.environment) return named(*sources.environment);
-    if (canBeWritten(sources.executableFolder)) return sources.executableFolder;
+    if (folderExists(sources.executableFolder) && !writeProtection(sources.executableFolder))
+        return sources.executableFolder;
     return madeAndSupplied(dataHomeOf(sources) / kFolderName, sources.suppliedFiles);
 }
 

@@ -1,6 +1,7 @@
 #include "core/results_computation.h"
 
 #include "base/text.h"
+#include "core/counted_time.h"
 #include "core/level_time.h"
 #include "core/row_colouring.h"
 #include "core/statistics_file.h"
@@ -102,10 +103,7 @@ void compareTotals(Session& session)
 std::string totalOf(const ResultsTable& table, Column column)
 {
     std::string total(kNoTime);
-    for (int level = 1; level <= kLevels; ++level) {
-        const std::string& time = table.text(level, column);
-        total = AddTime(total, time == kSkipped ? kSkippedTime : std::string_view(time));
-    }
+    for (int level = 1; level <= kLevels; ++level) total = AddTime(total, countedTime(table.text(level, column)));
     return total;
 }
 

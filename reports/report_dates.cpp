@@ -8,17 +8,6 @@ namespace kavo {
 
 namespace {
 
-std::tm localTime(std::time_t moment)
-{
-    std::tm parts{};
-#ifdef _WIN32
-    ::localtime_s(&parts, &moment);
-#else
-    ::localtime_r(&moment, &parts);
-#endif
-    return parts;
-}
-
 /// `format` is a conversion of strftime: 'x' a date, 'X' a time, 'c' both.
 std::string formatted(const std::tm& parts, const std::locale& locale, char format)
 {
@@ -30,6 +19,17 @@ std::string formatted(const std::tm& parts, const std::locale& locale, char form
 }
 
 }  // namespace
+
+std::tm localTime(std::time_t moment)
+{
+    std::tm parts{};
+#ifdef _WIN32
+    ::localtime_s(&parts, &moment);
+#else
+    ::localtime_r(&moment, &parts);
+#endif
+    return parts;
+}
 
 std::locale userLocale()
 {

@@ -14,6 +14,9 @@ struct ReportDates
     std::string time;
 };
 
+/// The moment on the user's clock.
+[[nodiscard]] std::tm localTime(std::time_t moment);
+
 /// The locale of the user's system; the plain C locale when the system does not have the one it names.
 [[nodiscard]] std::locale userLocale();
 

@@ -264,12 +264,18 @@ std::string spreadsheetForm(std::string_view time)
     return form.append(",").append(lastCharacters(time, kHundredths));
 }
 
+void fillSpreadsheet(Spreadsheet& sheet, const ResultsTable& table, const ResultsState& state, const ColourSet& colours,
+                     std::string_view shortDate, const std::stop_token& stop)
+{
+    Export(sheet, stop, table, state, colours).run(shortDate);
+}
+
 void ExportExcel(const ResultsTable& table, const ResultsState& state, const ColourSet& colours,
                  std::string_view shortDate, const CreateSpreadsheet& create, const std::stop_token& stop)
 {
     try {
         const std::unique_ptr<Spreadsheet> sheet = create(stop);
-        Export(*sheet, stop, table, state, colours).run(shortDate);
+        fillSpreadsheet(*sheet, table, state, colours, shortDate, stop);
     } catch (const std::exception&) {
         // No message on purpose: the application is the user's, who may have closed it half-way, have none
         // installed or have cancelled the export. What has been written stays there.

@@ -16,8 +16,12 @@ namespace kavo {
 [[nodiscard]] std::string spreadsheetForm(std::string_view time);
 
 /// Copies the table as it is shown into a new sheet, adds a title with the date and a summary of the
-/// grades, and leaves the application to the user. Where a step fails, and after the next step when `stop` is
-/// asked for, the export ends without a word. May run on any thread.
+/// grades. Lets through what the spreadsheet throws, and throws after the next step when `stop` is asked for.
+void fillSpreadsheet(Spreadsheet& sheet, const ResultsTable& table, const ResultsState& state, const ColourSet& colours,
+                     std::string_view shortDate, const std::stop_token& stop = {});
+
+/// Does that in the user's application, and leaves that to the user. Where a step fails or the export is
+/// stopped, it ends without a word. May run on any thread.
 void ExportExcel(const ResultsTable& table, const ResultsState& state, const ColourSet& colours,
                  std::string_view shortDate, const CreateSpreadsheet& create, const std::stop_token& stop = {});
 
