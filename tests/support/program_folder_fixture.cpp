@@ -1,5 +1,6 @@
 #include "tests/support/program_folder_fixture.h"
 
+#include "base/text.h"
 #include "base/text_file.h"
 #include "tests/support/places.h"
 
@@ -64,6 +65,12 @@ std::string statisticsText(const std::vector<std::string>& bestTimes)
         if (!time.empty()) text += time + "\r\n\r\n";
     }
     return text + "End of statistics\r\n";
+}
+
+std::string undrivenText()
+{
+    // The last level needs two empty lines behind it to have no time.
+    return replaceAll(statisticsText(std::vector<std::string>(kLevels)), "End of statistics", kLineEnd);
 }
 
 std::string targetsText(std::string_view record)

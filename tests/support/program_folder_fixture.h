@@ -37,6 +37,9 @@ void copyDemo(const TemporaryFolder& folder);
 /// time) on the 54 levels, missing ones filled with "00:30:00 Alice". Level 8 is called Steppes.
 [[nodiscard]] std::string statisticsText(const std::vector<std::string>& bestTimes = {});
 
+/// A statistics file of somebody who has not driven a single level.
+[[nodiscard]] std::string undrivenText();
+
 /// 55 records of the same five targets (World Record to OK).
 [[nodiscard]] std::string targetsText(std::string_view record = "00:10:00,00:20:00,00:30:00,00:40:00,00:50:00");
 
