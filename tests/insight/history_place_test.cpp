@@ -1,0 +1,77 @@
+#include "insight/history_place.h"
+
+#include "tests/support/error_of.h"
+#include "tests/support/program_folder_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace fs = std::filesystem;
+
+namespace kavo {
+namespace {
+
+TEST(HistoryRoot, LiesInTheUsersStateHome)
+{
+    EXPECT_EQ(historyRoot({{}, "/state", "/home/zoe"}), fs::path("/state/kavo-timing/history"));
+    EXPECT_EQ(historyRoot({{}, std::nullopt, "/home/zoe"}), fs::path("/home/zoe/.local/state/kavo-timing/history"));
+}
+
+TEST(HistoryRoot, IgnoresARelativeStateHome)
+{
+    EXPECT_EQ(historyRoot({{}, "state", "/home/zoe"}), fs::path("/home/zoe/.local/state/kavo-timing/history"));
+}
+
+TEST(HistoryRoot, NeedsAHome)
+{
+    EXPECT_EQ(test::errorOf([] { static_cast<void>(historyRoot({})); }), "Path not found: history");
+}
+
+TEST(History, IsWantedUnlessTurnedOff)
+{
+    EXPECT_TRUE(isHistoryWanted({}));
+    EXPECT_TRUE(isHistoryWanted({"on", {}, {}}));
+    EXPECT_FALSE(isHistoryWanted({"off", {}, {}}));
+    EXPECT_FALSE(isHistoryWanted({"OFF", {}, {}}));
+}
+
+/// The folder's name without the sixteen digits at its end.
+std::string readablePart(const fs::path& userFolder)
+{
+    const std::string name = historyFolder("/root", userFolder).filename().string();
+    const std::size_t dash = name.size() - 17;
+    EXPECT_EQ(name.substr(dash).find_first_not_of("-0123456789abcdef"), std::string::npos) << name;
+    return name.substr(0, dash);
+}
+
+TEST(HistoryFolder, BeginsWithTheNick)
+{
+    EXPECT_EQ(readablePart("/kavo/bob"), "bob");
+    EXPECT_EQ(readablePart("/kavo/Жанна"), "Жанна");
+    EXPECT_EQ(readablePart("/kavo/J\xFCrgen"), "Jürgen");
+    EXPECT_EQ(readablePart("/kavo/ a.b:c*~"), "_a_b_c__");
+    EXPECT_EQ(readablePart("/kavo/" + std::string(50, 'x')), std::string(32, 'x'));
+    EXPECT_EQ(historyFolder("/root", "/kavo/bob").parent_path(), fs::path("/root"));
+}
+
+TEST(HistoryFolder, IsAnotherForAnotherUserOrProgramFolder)
+{
+    const fs::path bob = historyFolder("/root", "/kavo/bob");
+    EXPECT_EQ(bob, historyFolder("/root", "/kavo/bob"));
+    EXPECT_NE(bob, historyFolder("/root", "/kavo/bib"));
+    EXPECT_NE(bob, historyFolder("/root", "/other/bob"));
+    EXPECT_NE(historyFolder("/root", "/kavo/a.b"), historyFolder("/root", "/kavo/a:b"));
+    EXPECT_NE(historyFolder("/root", "/kavo/\xFC"), historyFolder("/root", "/kavo/ü"));
+}
+
+TEST(HistoryFolder, IsTheSameOnEveryWayToTheUsersFolder)
+{
+    const test::TemporaryFolder folder;
+    folder.write("kavo/bob/data.ini", "");
+    fs::create_directory_symlink(folder / "kavo", folder / "link");
+    const fs::path direct = historyFolder("/root", folder / "kavo/bob");
+    EXPECT_EQ(historyFolder("/root", folder / "link/bob"), direct);
+    EXPECT_EQ(historyFolder("/root", folder / "kavo/../kavo/./bob"), direct);
+}
+
+}  // namespace
+}  // namespace kavo
