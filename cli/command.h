@@ -4,11 +4,13 @@
 #include "cli/option.h"
 #include "cli/output.h"
 #include "cli/terminal.h"
+#include "cli/waiting.h"
 
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,6 +29,7 @@ struct CommandContext
     Messages& messages;
     Terminal terminal;
     std::function<std::time_t()> now;  ///< for the dates in reports
+    std::function<std::unique_ptr<Waiting>()> startWaiting;
 
     /// Where the users and the targets are. Throws CommandError when there is no such folder.
     [[nodiscard]] std::filesystem::path programFolder() const;

@@ -62,7 +62,8 @@ ExitStatus runCall(const std::vector<std::string>& arguments, Run& run)
                          .out = run.out,
                          .messages = run.messages,
                          .terminal = terminalOf(run.streams.output, common.colour.value_or(std::string(kColourAuto))),
-                         .now = run.streams.now});
+                         .now = run.streams.now,
+                         .startWaiting = run.streams.startWaiting});
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ struct CommandStreams
     std::FILE* error;
     OutputFacts output;                                                    ///< what `out` is
     std::function<std::time_t()> now = [] { return std::time(nullptr); };  ///< for the dates in reports
+    std::function<std::unique_ptr<Waiting>()> startWaiting = kavo::startWaiting;
 };
 
 /// Runs kavo-timing-cli with its arguments and returns the exit status. Nothing is thrown.

@@ -9,6 +9,7 @@ namespace kavo {
 namespace {
 
 constexpr std::string_view kResults = "Results";
+constexpr std::string_view kProgress = "Progress";
 constexpr std::string_view kReports = "Reports";
 constexpr std::string_view kUpkeep = "Upkeep";
 
@@ -26,6 +27,84 @@ constexpr std::array kCommands = {
         .make = makeShowCommand,
     },
     CommandInfo{
+        .name = "next",
+        .group = kResults,
+        .summary = "List the cheapest improvements",
+        .details = "What is missing to the next better grade, the least first. Only levels that have been driven are "
+                   "listed. A time that equals a target reaches it.",
+        .examples = "kavo-timing-cli next\n"
+                    "kavo-timing-cli next --grade \"World Class\" --limit 0\n"
+                    "kavo-timing-cli next --json | jq '.within'",
+        .make = makeNextCommand,
+    },
+    CommandInfo{
+        .name = "club",
+        .group = kResults,
+        .summary = "Make the table of any number of players",
+        .details = "The smallest total first; then the best of every level and who drove it. Files that cannot be "
+                   "read are named and left out, and the exit status is 1.",
+        .examples = "kavo-timing-cli club league/\n"
+                    "kavo-timing-cli club north/ --partial north.part\n"
+                    "kavo-timing-cli club --merge north.part south.part --json",
+        .make = makeClubCommand,
+    },
+    CommandInfo{
+        .name = "history",
+        .group = kProgress,
+        .summary = "List the remembered results, the oldest first",
+        .details = "Each distinct statistics file is kept once, outside the program folder. KAVO_HISTORY=off turns "
+                   "the remembering off.",
+        .examples = "kavo-timing-cli history\n"
+                    "kavo-timing-cli history --json | jq -r '.states[-1].name'",
+        .make = makeHistoryCommand,
+    },
+    CommandInfo{
+        .name = "history save",
+        .group = kProgress,
+        .summary = "Remember the results as they are now",
+        .details = "Prints the name of the state, also when it was remembered before.",
+        .examples = "kavo-timing-cli history save",
+        .make = makeHistorySaveCommand,
+    },
+    CommandInfo{
+        .name = "history export",
+        .group = kProgress,
+        .summary = "Write the statistics file of a remembered state",
+        .details = "A date names the last state up to its end; a time of day may follow it.",
+        .examples = "kavo-timing-cli history export latest~1 before.txt\n"
+                    "kavo-timing-cli history export 2026-11-21 november.txt",
+        .make = makeHistoryExportCommand,
+    },
+    CommandInfo{
+        .name = "diff",
+        .group = kProgress,
+        .summary = "Show what has changed between two remembered states",
+        .details = "Level by level, with the grades by the targets of today and what the total has gained. A level "
+                   "without a time counts ten minutes.",
+        .examples = "kavo-timing-cli diff\n"
+                    "kavo-timing-cli diff 2026-11-01 latest",
+        .make = makeDiffCommand,
+    },
+    CommandInfo{
+        .name = "best-ever",
+        .group = kProgress,
+        .summary = "Show the best of everything remembered",
+        .details = "With FILE it is written as a statistics file, which the settings take as the file to compare with.",
+        .examples = "kavo-timing-cli best-ever\n"
+                    "kavo-timing-cli best-ever best.txt",
+        .make = makeBestEverCommand,
+    },
+    CommandInfo{
+        .name = "watch",
+        .group = kProgress,
+        .summary = "Follow the game and tell every improvement",
+        .details = "A line as it happens, until Ctrl+C. A file that is being written is waited out. The results are "
+                   "remembered, unless KAVO_HISTORY is off.",
+        .examples = "kavo-timing-cli watch\n"
+                    "kavo-timing-cli watch --template overlay.ett --output overlay.html",
+        .make = makeWatchCommand,
+    },
+    CommandInfo{
         .name = "export-text",
         .group = kReports,
         .summary = "Write the results as a text report",
@@ -40,6 +119,14 @@ constexpr std::array kCommands = {
         .details = "The same file as the window's template export.",
         .examples = "kavo-timing-cli export-html --template responsive.ett report.html",
         .make = makeExportHtmlCommand,
+    },
+    CommandInfo{
+        .name = "export-sheet",
+        .group = kReports,
+        .summary = "Write the results as a spreadsheet file",
+        .details = "The sheet of the window's spreadsheet export, with times that can be added and sorted.",
+        .examples = "kavo-timing-cli export-sheet results.xlsx",
+        .make = makeExportSheetCommand,
     },
     CommandInfo{
         .name = "users",
@@ -64,6 +151,16 @@ constexpr std::array kCommands = {
         .examples = "kavo-timing-cli install-schemes\n"
                     "kavo-timing-cli --user Marek install-schemes Night Contrast",
         .make = makeInstallSchemesCommand,
+    },
+    CommandInfo{
+        .name = "doctor",
+        .group = kUpkeep,
+        .summary = "Find out what is wrong with the files",
+        .details = "Looks at every file that the program reads, for every user, and changes nothing. A line for each "
+                   "finding says where it is, what is expected there and what to do; the exit status is then 1.",
+        .examples = "kavo-timing-cli doctor\n"
+                    "kavo-timing-cli doctor --json | jq -r '.findings[].file'",
+        .make = makeDoctorCommand,
     },
 };
 

@@ -2,6 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "base/text_file.h"
 #include "cli/printable.h"
 
 namespace kavo {
@@ -56,6 +57,22 @@ ExitStatus writeReport(const CommandContext& context, std::string_view file, con
         throw error.about(path);  // the report ends where it broke off
     }
     return kDone;
+}
+
+void writeJson(const CommandContext& context, std::string_view json)
+{
+    if (context.terminal.isTerminal)
+        context.out.write(printableJson(json));
+    else
+        context.out.write(json);
+}
+
+void writeBytes(const CommandContext& context, std::string_view file, std::string_view bytes)
+{
+    if (file == kStandardOutput)
+        context.out.write(bytes);
+    else
+        replaceFile(fileNamed(file), bytes);
 }
 
 }  // namespace kavo

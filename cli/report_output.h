@@ -24,4 +24,10 @@ struct ReportWriters
 [[nodiscard]] ExitStatus writeReport(const CommandContext& context, std::string_view file,
                                      const ReportWriters& writers);
 
+/// Prints JSON for a script as it stands; for a terminal none of its characters acts on that.
+void writeJson(const CommandContext& context, std::string_view json);
+
+/// Writes bytes as they are into the file named, which is replaced, or to standard output.
+void writeBytes(const CommandContext& context, std::string_view file, std::string_view bytes);
+
 }  // namespace kavo

@@ -137,7 +137,7 @@ TEST_F(CommandLine, MistypedWordsAreToldWithTheNearestOnes)
     const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
         {{"shwo"}, "unknown command shwo, did you mean show?"},
         {{"SHOW"}, "unknown command SHOW, did you mean show?"},
-        {{"export"}, "unknown command export, did you mean export-text or export-html?"},
+        {{"export"}, "unknown command export, did you mean export-text, export-html or export-sheet?"},
         {{"frobnicate"}, "unknown command frobnicate; for help: kavo-timing-cli --help"},
         {{"show", "--jsno"}, "unknown option --jsno, did you mean --json?"},
         {{"show", "--usr=x"}, "unknown option --usr, did you mean --user?"},

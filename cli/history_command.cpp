@@ -1,0 +1,59 @@
+#include "base/file_name.h"
+#include "cli/columns.h"
+#include "cli/command_factories.h"
+#include "cli/insight_json.h"
+#include "cli/report_output.h"
+#include "cli/user_history.h"
+#include "reports/report_dates.h"
+
+#include <array>
+
+namespace kavo {
+
+namespace {
+
+/// A moment on the user's clock, in the form by which a state can be named.
+std::string momentText(std::time_t moment)
+{
+    const std::tm parts = localTime(moment);
+    std::array<char, 32> text{};
+    const std::size_t length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &parts);
+    return {text.data(), length};
+}
+
+class HistoryCommand final : public Command
+{
+public:
+    std::vector<Option> options() override { return {flag("--json", m_json, "print them as one JSON object")}; }
+
+    ExitStatus run(const CommandContext& context) override
+    {
+        const HistoryStore store = userHistory(context).store;
+        const std::vector<RememberedState> states = store.states();
+        if (m_json) {
+            writeJson(context, formatHistoryJson(store, states));
+            return kDone;
+        }
+        if (states.empty()) tellNothingRemembered(context.messages);
+        std::vector<PrintedRow> rows;
+        rows.reserve(states.size());
+        for (const RememberedState& state : states)
+            rows.push_back({{.text = state.name},
+                            {.text = momentText(state.moment)},
+                            {.text = std::to_string(state.mark.size) + " bytes"}});
+        context.out.write(formatColumns(std::move(rows), Colours::None));
+        return kDone;
+    }
+
+private:
+    bool m_json = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeHistoryCommand()
+{
+    return std::make_unique<HistoryCommand>();
+}
+
+}  // namespace kavo
