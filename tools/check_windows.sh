@@ -14,7 +14,7 @@ cmake --build "$folder" -j "$(nproc)"
 # A library leaves unresolved names to others; all of it as one DLL does not.
 x86_64-w64-mingw32-g++-posix -shared -o "$folder/kavo_core.dll" \
     -Wl,--whole-archive "$folder/base/libkavo_base.a" "$folder/core/libkavo_core.a" \
-    "$folder/reports/libkavo_writers.a" -Wl,--no-whole-archive -lole32 -loleaut32 -luuid
+    "$folder/reports/libkavo_writers.a" "$folder/insight/libkavo_insight.a" -Wl,--no-whole-archive -lole32 -loleaut32 -luuid
 
 # These compare spellings of a path that Windows, which ignores case itself, takes for the same.
 spelling='CurrentUser.IsFoundInAnyCaseAndRewrittenInPlace:UserFolder.LiesInTheProgramFolder'
