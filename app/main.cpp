@@ -114,6 +114,8 @@ int runProgram(kavo::Application& application, const Options& options)
     const auto folder = kavo::programFolderSources(valueOf(options, kavo::kProgramFolderOption));
     kavo::Program program(kavo::findProgramFolder(folder), application.prompts());
     program.useRecordsHost(recordsHost(options));
+    const kavo::HistorySources history = kavo::historySources();
+    if (!options.isSet(kavo::kNoHistoryOption) && kavo::isHistoryWanted(history)) program.rememberResults(history);
     if (options.parser.isSet(options.quitAfterFirstPaint))
         QObject::connect(&program.mainWindow(), &Form1::painted, &application, &QCoreApplication::quit);
     QTimer::singleShot(0, &program, [&program] { kavo::guarded([&program] { program.start(); }); });

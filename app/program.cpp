@@ -45,6 +45,19 @@ void Program::start()
     m_login->Form_Load();
 }
 
+void Program::rememberResults(const HistorySources& sources)
+{
+    m_keeper.emplace(sources);
+    connect(m_mainWindow.get(), &Form1::painted, this, &Program::keepResults);
+    // Behind what the window has to do for itself.
+    connect(m_mainWindow.get(), &Form1::loaded, this, &Program::keepResults, Qt::QueuedConnection);
+}
+
+void Program::keepResults()
+{
+    if (m_mainWindow->isLoaded() && m_mainWindow->isPainted()) m_keeper->keep(m_session);
+}
+
 bool Program::isOnlyInstance()
 {
     const bool isHeld = m_lock && m_lock->state() == FileLock::State::Held;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/results_keeper.h"
 #include "base/file_lock.h"
 #include "core/session.h"
 #include "forms/desktop.h"
@@ -36,6 +37,9 @@ public:
     /// Another host for the world-records page; an empty text is the default one.
     void useRecordsHost(const std::string& host) { m_session.recordsHost = host; }
 
+    /// From now on results are remembered: after a loading, and not before there is something to see.
+    void rememberResults(const HistorySources& sources);
+
     void showMain() override;
     void showLogin(const QString& nick, bool autoLogin) override;
     void quit() override;
@@ -45,6 +49,7 @@ public:
 
 private:
     [[nodiscard]] bool isOnlyInstance();
+    void keepResults();
 
     Session m_session;
     SystemDesktop m_desktop;
@@ -53,6 +58,7 @@ private:
     std::unique_ptr<frmLogin> m_login;
     std::unique_ptr<Form1> m_mainWindow;
     std::unique_ptr<frmSplash> m_splash;
+    std::optional<ResultsKeeper> m_keeper;
 };
 
 }  // namespace kavo

@@ -33,11 +33,13 @@ inline constexpr ProgramOption kCodePageOption{
     .value = OptionValue::Text,
     .valueName = "NAME",
     .help = "8-bit code page of texts that are no UTF-8: 1251, 1252, ... (environment: KAVO_CODE_PAGE)."};
+inline constexpr ProgramOption kNoHistoryOption{.name = "no-history",
+                                                .help = "Remember no results (environment: KAVO_HISTORY=off)."};
 inline constexpr ProgramOption kHelpOption{.shortName = "h", .name = "help", .help = "Show this help and exit."};
 inline constexpr ProgramOption kVersionOption{.name = "version", .help = "Show the version and exit."};
 
 /// In the order of the help.
-inline constexpr std::array kProgramOptions = {kProgramFolderOption, kRecordsHostOption, kCodePageOption, kHelpOption,
-                                               kVersionOption};
+inline constexpr std::array kProgramOptions = {kProgramFolderOption, kRecordsHostOption, kCodePageOption,
+                                               kNoHistoryOption,     kHelpOption,        kVersionOption};
 
 }  // namespace kavo

@@ -30,6 +30,7 @@ def environment(**changes):
     """Nothing of the caller's terminal and settings."""
     kept = {name: value for name, value in os.environ.items() if name in ("PATH", "HOME", "LD_LIBRARY_PATH", "QT_QPA_PLATFORM")}
     kept["LC_ALL"] = "C.UTF-8"
+    kept["KAVO_HISTORY"] = "off"
     return kept | changes
 
 

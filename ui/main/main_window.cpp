@@ -111,6 +111,7 @@ void Form1::Form_Load()
 kavo::LoadingResult Form1::runLoading()
 {
     const QScopedValueRollback loading(m_isLoading, true);
+    m_isLoaded = false;
     LayoutLoaded = false;
     m_model.markFilter({});
     if (!isVisible()) m_layout.applyDesigned();
@@ -129,8 +130,10 @@ void Form1::showLoaded(const kavo::LoadingResult& result)
     showFontSize(session.fontSize);
     m_layout.followFontAndTexts();
     showSelectedRow();
-    if (result.end == kavo::LoadingEnd::Completed) m_layout.applyFinalPlace();
+    m_isLoaded = result.end == kavo::LoadingEnd::Completed;
+    if (m_isLoaded) m_layout.applyFinalPlace();
     m_layout.keepOnScreen();
+    if (m_isLoaded) emit loaded();
     if (result.end == kavo::LoadingEnd::Error) {
         emit aboutToPrompt();
         m_services.prompts.tell(boxParent(), {.text = result.error, .icon = kavo::MessageIcon::Critical});

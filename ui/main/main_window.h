@@ -51,6 +51,12 @@ public:
     /// Reloads, then blanks the rows that do not match; an empty name is no filter.
     void filter(kavo::FilterSide side, std::string_view name);
 
+    /// Whether the latest loading has gone through to its end.
+    [[nodiscard]] bool isLoaded() const { return m_isLoaded; }
+
+    /// Whether the table has ever been painted.
+    [[nodiscard]] bool isPainted() const { return m_isPainted; }
+
     /// Puts another spreadsheet application in place of the platform's.
     void setSpreadsheet(kavo::CreateSpreadsheet create) { m_createSpreadsheet = std::move(create); }
 
@@ -70,6 +76,9 @@ public:
     void mnuAbout_Click();
 
 signals:
+    /// A loading has gone through to its end, and the table shows it.
+    void loaded();
+
     /// The table has been painted for the first time.
     void painted();
 
@@ -129,6 +138,7 @@ private:
     bool m_isLoading = false;
     bool m_reloadWanted = false;
     bool m_layoutFailed = false;  ///< told once, not at every step of a resize
+    bool m_isLoaded = false;
     bool m_isPainted = false;
     QString m_statisticsCaption;  ///< of the statistics window from its second opening on
     QPointer<frmAbout> m_about;   ///< there is one at most

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "insight/history_place.h"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace kavo {
+
+struct Session;
+
+/// Remembers results while the windows go on, one file after the other. It says nothing, whatever happens: nobody
+/// has asked for it.
+class ResultsKeeper final
+{
+public:
+    /// `moment` is how long its end may wait for a file that is being remembered.
+    explicit ResultsKeeper(HistorySources sources, std::chrono::milliseconds moment = std::chrono::seconds(2));
+
+    /// What is not remembered in a moment is left: it is there as a whole or not at all, and next time is soon enough.
+    ~ResultsKeeper();
+    ResultsKeeper(const ResultsKeeper&) = delete;
+    ResultsKeeper& operator=(const ResultsKeeper&) = delete;
+
+    /// Remembers the statistics file that was loaded last. Returns at once.
+    void keep(const Session& session);
+
+private:
+    struct Work;
+
+    HistorySources m_sources;
+    std::chrono::milliseconds m_moment;
+    std::shared_ptr<Work> m_work;  ///< shared with the thread, which may outlive this object
+};
+
+}  // namespace kavo
