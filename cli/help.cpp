@@ -16,7 +16,9 @@ constexpr std::string_view kExamples =
     "kavo-timing-cli show\n"
     "kavo-timing-cli --user Marek show --filter1 \"World Record\"\n"
     "kavo-timing-cli show --json | jq -r '.rows[-1].cells[1]'\n"
-    "kavo-timing-cli export-html --template responsive.ett report.html\n";
+    "kavo-timing-cli export-html --template responsive.ett report.html\n"
+    "kavo-timing-cli next --limit 5\n"
+    "kavo-timing-cli watch --template stream-overlay.ett --output overlay.html\n";
 
 constexpr std::string_view kExitStatuses =
     "0  done\n"

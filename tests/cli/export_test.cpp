@@ -58,7 +58,8 @@ TEST_F(Export, TextReportsOfTheDemo)
 TEST_F(Export, TemplateReportsOfTheDemo)
 {
     for (const auto& [user, golden] : {std::pair{"Marek", "marek"}, std::pair{"Жанна", "zhanna"}}) {
-        for (const std::string name : {"plain-table.html", "responsive.html", "forum-bbcode.txt"}) {
+        for (const std::string name :
+             {"plain-table.html", "responsive.html", "stream-overlay.html", "forum-bbcode.txt"}) {
             const std::string stem = name.substr(0, name.find('.'));
             const Outcome outcome = run({"export-html", "--template", templatePath(stem), path("report.html")}, user);
             EXPECT_EQ(outcome.status, 0) << outcome.error;

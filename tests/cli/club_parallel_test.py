@@ -1,0 +1,62 @@
+#!/usr/bin/env python3
+"""Runs the guide's example of a club on several processors and compares its table with that of a single call.
+
+Usage: club_parallel_test.py SOURCE_FOLDER CLI; ends with 77 (skipped) without GNU parallel.
+"""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+PLAYERS = 60
+LEVELS = 54
+SKIPPED = 77
+
+
+def example(guide):
+    """The two lines of the guide: parts on several processors, then the parts joined."""
+    lines = [line.strip() for line in guide.read_text(encoding="utf-8").splitlines()]
+    first = next(i for i, line in enumerate(lines) if " | parallel " in line)
+    return lines[first], lines[first + 1]
+
+
+def statistics(player):
+    """A file in which each level is won by somebody else."""
+    text = "Times of a player on the steppes, from the first level to the last\r\n\r\n"
+    for level in range(1, LEVELS + 1):
+        text += f"Level {level}, Track\r\n00:{10 + (player * 7 + level * 13) % 50}:00 Player {player:03}\r\n\r\n"
+    return text + "\r\n"
+
+
+def output_of(command, folder, environment):
+    return subprocess.run(
+        ["bash", "-c", command], cwd=folder, env=environment, capture_output=True, timeout=120, check=True
+    ).stdout
+
+
+def main():
+    source, cli = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]).resolve()
+    if shutil.which("parallel") is None:
+        return SKIPPED
+    parts, joined = example(source / "docs/guide/insight.md")
+    with tempfile.TemporaryDirectory() as folder:
+        folder = pathlib.Path(folder)
+        path = f"{cli.parent}{os.pathsep}{os.environ['PATH']}"
+        environment = dict(os.environ, PATH=path, HOME=str(folder), KAVO_PROGRAM_FOLDER=str(folder))
+        (folder / "league").mkdir()
+        for player in range(PLAYERS):
+            (folder / f"league/{player}.txt").write_bytes(statistics(player).encode())
+        output_of(parts, folder, environment)
+        made = len(list(folder.glob("part-*")))
+        whole = output_of("kavo-timing-cli club league", folder, environment)
+        if made < 2 or whole.count(b"Player ") < PLAYERS or output_of(joined, folder, environment) != whole:
+            print(f"{made} parts do not make the table of a single call")
+            return 1
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
