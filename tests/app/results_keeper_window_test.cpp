@@ -93,6 +93,7 @@ TEST_F(ResultsKeeping, KeepsNothingOfALoadingThatEndedEarly)
 {
     folder.write("game/stats.txt", "no statistics\r\n");
     prompts.expectMessage({.text = std::string(kavo::messages::kWrongFile)});
+    onModalWindow([](QWidget& options) { options.close(); });  // where another file could be chosen
     startRemembering();
     QApplication::processEvents();
     program.reset();  // waits for what is being remembered

@@ -31,10 +31,10 @@ protected:
         folder.write("league/bob.txt", statisticsText({"00:20:00 Bob", "00:25:00 Bob", "00:30:00 Bob"}));
     }
 
-    [[nodiscard]] Outcome run(std::vector<std::string> arguments, const Terminal& terminal = {}) const
+    [[nodiscard]] Outcome run(std::vector<std::string> arguments, const OutputFacts& output = {}) const
     {
         arguments.insert(arguments.begin(), "club");
-        return test::runCommand(folder, std::move(arguments), "", terminal);
+        return test::runCommand(folder, std::move(arguments), "", output);
     }
 
     [[nodiscard]] std::string path(std::string_view name) const { return (folder / name).string(); }
@@ -74,7 +74,7 @@ TEST_F(ClubCommand, UsesTheUsersColoursOnATerminal)
 {
     folder.write("curUser.dat", "bob\r\n");
     folder.write("bob/colors/colors.ini", " 1 \r\n 2 \r\n 3 \r\n 4 \r\n 5 \r\n 6 \r\n 7 \r\n 8 \r\n 9 \r\n");
-    EXPECT_NE(run({path("league")}, {.isTerminal = true, .colours = Colours::True})
+    EXPECT_NE(run({path("league")}, {.isTerminal = true, .term = "xterm", .colorTerm = "truecolor"})
                   .out.find("\x1b[38;2;5;0;0mWorld Record\x1b[0m"),
               std::string::npos);
 }

@@ -143,7 +143,7 @@ TEST_F(HistoryCommands, SaysWhyItCannotRemember)
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.error.find("kavo-timing-cli: Path"), 0U) << outcome.error;
     folder.write("stats.txt", "rubbish");
-    EXPECT_EQ(run({"history", "save"}).error, "kavo-timing-cli: Wrong file!\n");
+    EXPECT_TRUE(run({"history", "save"}).error.starts_with("kavo-timing-cli: Wrong file! ("));
 }
 
 TEST_F(HistoryCommands, ExportsTheBytesOfAState)

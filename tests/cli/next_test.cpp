@@ -28,10 +28,10 @@ protected:
         folder.write("targets.txt", targetsText());
     }
 
-    [[nodiscard]] Outcome run(std::vector<std::string> arguments, const Terminal& terminal = {}) const
+    [[nodiscard]] Outcome run(std::vector<std::string> arguments, const OutputFacts& output = {}) const
     {
         arguments.insert(arguments.begin(), "next");
-        return test::runCommand(folder, std::move(arguments), "", terminal);
+        return test::runCommand(folder, std::move(arguments), "", output);
     }
 
     TemporaryFolder folder;
@@ -75,11 +75,13 @@ TEST_F(NextCommand, TakesAWantedGradeAndTheOtherPlayer)
 
 TEST_F(NextCommand, IsAlignedAndColouredOnATerminal)
 {
-    EXPECT_EQ(run({"--limit", "2"}, {.isTerminal = true}).out,
+    EXPECT_EQ(run({"--limit", "2"}, {.isTerminal = true, .term = "dumb"}).out,
               "Level 1, Track  00:30:21  Good          0.21 s to   Professional  20.21 s to the record\n"
               "Level 4, Track  00:30:00  Professional  10.00 s to  World Class   20.00 s to the record\n");
     // The record itself is no second goal; World Record is red, Good 25, 190, 30.
-    EXPECT_EQ(run({"--grade", "World Record", "--limit", "1"}, {.isTerminal = true, .colours = Colours::True}).out,
+    EXPECT_EQ(run({"--grade", "World Record", "--limit", "1"},
+                  {.isTerminal = true, .term = "xterm", .colorTerm = "truecolor"})
+                  .out,
               "Level 4, Track  00:30:00  \x1b[38;2;150;100;255mProfessional\x1b[0m  20.00 s to  "
               "\x1b[38;2;255;0;0mWorld Record\x1b[0m  \n");
 }
@@ -112,7 +114,7 @@ TEST_F(NextCommand, SaysNothingWhereTheLoadingEndedEarly)
     const Outcome outcome = run({"--json"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.error, "kavo-timing-cli: Wrong file!\n");
+    EXPECT_TRUE(outcome.error.starts_with("kavo-timing-cli: Wrong file! (" + (folder / "stats.txt").string()));
 }
 
 }  // namespace

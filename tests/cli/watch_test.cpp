@@ -98,7 +98,7 @@ protected:
                            {.in = stdin,
                             .out = out.file(),
                             .error = error.file(),
-                            .terminal = {},
+                            .output = {},
                             .now = [] { return test::reportMoment(); },
                             .startWaiting = [&] { return std::make_unique<ScriptedWaiting>(events, end, looks); }});
         return {status, out.content(), error.content()};
