@@ -4,22 +4,11 @@
 #include "cli/insight_json.h"
 #include "cli/report_output.h"
 #include "cli/user_history.h"
-#include "reports/report_dates.h"
-
-#include <array>
+#include "insight/moment_text.h"
 
 namespace kavo {
 
 namespace {
-
-/// A moment on the user's clock, in the form by which a state can be named.
-std::string momentText(std::time_t moment)
-{
-    const std::tm parts = localTime(moment);
-    std::array<char, 32> text{};
-    const std::size_t length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &parts);
-    return {text.data(), length};
-}
 
 class HistoryCommand final : public Command
 {

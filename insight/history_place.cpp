@@ -50,6 +50,22 @@ std::string identityOf(const fs::path& folder)
 #endif
 }
 
+/// Begins with the nick; the rest stands for the place of the user's folder.
+std::string nameFor(const fs::path& userFolder)
+{
+    return safeName(textOf(userFolder.filename())) + "-" + hexadecimal(fingerprint(identityOf(userFolder)));
+}
+
+/// One of the folders for what the program keeps without being asked.
+fs::path stateFolder(const HistorySources& sources, const fs::path& name)
+{
+    constexpr const char* kProgram = "kavo-timing";
+    if (sources.stateHome && pathOf(*sources.stateHome).is_absolute())
+        return pathOf(*sources.stateHome) / kProgram / name;
+    if (sources.home) return pathOf(*sources.home) / ".local" / "state" / kProgram / name;
+    throw RunTimeError(Failure::PathNotFound, name);
+}
+
 }  // namespace
 
 HistorySources historySources()
@@ -68,18 +84,17 @@ bool isHistoryWanted(const HistorySources& sources)
 
 fs::path historyRoot(const HistorySources& sources)
 {
-    constexpr const char* kProgram = "kavo-timing";
-    constexpr const char* kHistory = "history";
-    if (sources.stateHome && pathOf(*sources.stateHome).is_absolute())
-        return pathOf(*sources.stateHome) / kProgram / kHistory;
-    if (sources.home) return pathOf(*sources.home) / ".local" / "state" / kProgram / kHistory;
-    throw RunTimeError(Failure::PathNotFound, fs::path(kHistory));
+    return stateFolder(sources, "history");
 }
 
 fs::path historyFolder(const fs::path& root, const fs::path& userFolder)
 {
-    const std::string nick = textOf(userFolder.filename());
-    return root / pathOf(safeName(nick) + "-" + hexadecimal(fingerprint(identityOf(userFolder))));
+    return root / pathOf(nameFor(userFolder));
+}
+
+fs::path dashboardFile(const HistorySources& sources, const fs::path& userFolder)
+{
+    return stateFolder(sources, "dashboard") / pathOf(nameFor(userFolder) + ".html");
 }
 
 }  // namespace kavo

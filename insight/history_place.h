@@ -30,4 +30,9 @@ struct HistorySources
 [[nodiscard]] std::filesystem::path historyFolder(const std::filesystem::path& root,
                                                   const std::filesystem::path& userFolder);
 
+/// Where a user's dashboard is put unless another place is named: one file for each user's folder. Throws
+/// RunTimeError(PathNotFound) without a home.
+[[nodiscard]] std::filesystem::path dashboardFile(const HistorySources& sources,
+                                                  const std::filesystem::path& userFolder);
+
 }  // namespace kavo

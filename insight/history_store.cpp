@@ -6,6 +6,7 @@
 #include "base/run_time_error.h"
 #include "base/text_file.h"
 #include "insight/fingerprint.h"
+#include "insight/private_folder.h"
 #include "insight/state_name.h"
 #include "insight/statistics_times.h"
 
@@ -28,16 +29,6 @@ constexpr const char* kIndexName = "index";
 constexpr auto kPatience = std::chrono::seconds(10);  // with another program that remembers something
 constexpr auto kBetweenAttempts = std::chrono::milliseconds(5);
 constexpr std::uintmax_t kLargestIndex = 16U << 20U;  // bytes; beyond that it holds more rubbish than entries
-
-/// Makes the folder with those on the way to it. It is for the user alone.
-void makeFolder(const fs::path& folder)
-{
-    if (folderExists(folder)) return;
-    std::error_code error;
-    const bool isNew = fs::create_directories(folder, error);
-    if (error) throw RunTimeError(error, folder);
-    if (isNew) fs::permissions(folder, fs::perms::owner_all, error);
-}
 
 /// The lock of the folder, once nobody else has it.
 std::unique_ptr<FileLock> lockFolder(const fs::path& folder)
@@ -94,7 +85,7 @@ Remembered HistoryStore::remember(std::string_view text, std::time_t now)
 {
     if (text.size() > kLargestState) return {Remembering::TooLarge, {}};
     if (!isWholeStatisticsFile(text)) return {Remembering::NotWhole, {}};
-    makeFolder(m_folder);
+    makePrivateFolder(m_folder);
     const auto lock = lockFolder(m_folder);
     // Without locks (some network drives) two programs may keep the same state twice, and no more than that.
     if (lock->state() == FileLock::State::Held) removeLeftovers();

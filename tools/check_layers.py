@@ -8,7 +8,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 OUTSIDE = {"tests", "bench", "fuzz", "tools", "packaging"}
-GENERATED = {"core/version.h": "kavo_core"}
+GENERATED = {"core/version.h": "kavo_core", "insight/page/page_resources.h": "kavo_insight"}
 
 
 def read_table():

@@ -73,5 +73,15 @@ TEST(HistoryFolder, IsTheSameOnEveryWayToTheUsersFolder)
     EXPECT_EQ(historyFolder("/root", folder / "kavo/../kavo/./bob"), direct);
 }
 
+TEST(DashboardFile, IsOneForEachUserBesideTheHistories)
+{
+    const HistorySources sources = {{}, "/state", {}};
+    const fs::path bob = dashboardFile(sources, "/kavo/bob");
+    EXPECT_EQ(bob, fs::path("/state/kavo-timing/dashboard") /
+                       (historyFolder("/root", "/kavo/bob").filename().string() + ".html"));
+    EXPECT_NE(bob, dashboardFile(sources, "/other/bob"));
+    EXPECT_EQ(test::errorOf([] { static_cast<void>(dashboardFile({}, "/kavo/bob")); }), "Path not found: dashboard");
+}
+
 }  // namespace
 }  // namespace kavo
