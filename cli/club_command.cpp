@@ -10,6 +10,7 @@
 #include "core/users.h"
 #include "insight/club_files.h"
 #include "insight/club_part_file.h"
+#include "insight/page/club_page.h"
 
 #include <algorithm>
 
@@ -83,7 +84,6 @@ std::string formatLevels(const ClubPart& part, const ColourSet& scheme, Colours 
 /// The colours of whoever looks at the table, if that can be told.
 ColourSet schemeOf(const CommandContext& context)
 {
-    if (context.terminal.colours == Colours::None) return {};
     const auto programFolder = context.programFolder();
     const auto nick = context.user ? context.user : readCurrentUserIfThere(programFolder);
     return nick ? readTableColours(userFolder(programFolder, *nick)) : ColourSet{};
@@ -116,7 +116,10 @@ public:
             option("--merge", part, &m_merged, "parts to join, in any order, in place of reading statistics files"),
             option("--partial", part, &m_partial,
                    "write a part for --merge in place of printing; - is standard output"),
-            flag("--json", m_json, "print everything as one JSON object").excluding("--partial"),
+            option("--html", {.name = "FILE", .kind = ValueKind::File}, &m_page,
+                   "write a web page in place of printing; - is standard output")
+                .excluding("--partial"),
+            flag("--json", m_json, "print everything as one JSON object").excluding("--partial").excluding("--html"),
         };
     }
 
@@ -129,6 +132,8 @@ public:
         for (const UnreadableFile& file : reading.unreadable) context.messages.tell(file.inFull + " is left out");
         if (m_partial)
             writeBytes(context, *m_partial, formatClubPart(reading.part));
+        else if (m_page)
+            writeBytes(context, *m_page, formatClubPage(reading.part, schemeOf(context), context.now()));
         else
             print(context, reading);
         return reading.unreadable.empty() ? kDone : kEndedEarly;
@@ -151,7 +156,7 @@ private:
             writeJson(context, formatClubJson(reading));
             return;
         }
-        const ColourSet scheme = schemeOf(context);
+        const ColourSet scheme = context.terminal.colours == Colours::None ? ColourSet{} : schemeOf(context);
         context.out.write(formatPlayers(reading.part, scheme, context.terminal.colours) + "\n" +
                           formatLevels(reading.part, scheme, context.terminal.colours));
     }
@@ -159,6 +164,7 @@ private:
     std::vector<std::string> m_places;
     std::vector<std::string> m_merged;
     std::optional<std::string> m_partial;
+    std::optional<std::string> m_page;
     bool m_json = false;
 };
 

@@ -30,6 +30,7 @@ struct CommandContext
     Terminal terminal;
     std::function<std::time_t()> now;  ///< for the dates in reports
     std::function<std::unique_ptr<Waiting>()> startWaiting;
+    std::function<void(const std::filesystem::path&)> openDocument;
 
     /// Where the users and the targets are. Throws CommandError when there is no such folder.
     [[nodiscard]] std::filesystem::path programFolder() const;

@@ -9,6 +9,7 @@ namespace kavo {
 
 [[nodiscard]] std::unique_ptr<Command> makeBestEverCommand();
 [[nodiscard]] std::unique_ptr<Command> makeClubCommand();
+[[nodiscard]] std::unique_ptr<Command> makeDashboardCommand();
 [[nodiscard]] std::unique_ptr<Command> makeDiffCommand();
 [[nodiscard]] std::unique_ptr<Command> makeDoctorCommand();
 [[nodiscard]] std::unique_ptr<Command> makeExportHtmlCommand();

@@ -63,7 +63,8 @@ ExitStatus runCall(const std::vector<std::string>& arguments, Run& run)
                          .messages = run.messages,
                          .terminal = terminalOf(run.streams.output, common.colour.value_or(std::string(kColourAuto))),
                          .now = run.streams.now,
-                         .startWaiting = run.streams.startWaiting});
+                         .startWaiting = run.streams.startWaiting,
+                         .openDocument = run.streams.openDocument});
 }
 
 }  // namespace

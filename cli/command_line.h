@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/command.h"
+#include "cli/document_opener.h"
 
 namespace kavo {
 
@@ -13,6 +14,7 @@ struct CommandStreams
     OutputFacts output;                                                    ///< what `out` is
     std::function<std::time_t()> now = [] { return std::time(nullptr); };  ///< for the dates in reports
     std::function<std::unique_ptr<Waiting>()> startWaiting = kavo::startWaiting;
+    std::function<void(const std::filesystem::path&)> openDocument = kavo::openDocument;
 };
 
 /// Runs kavo-timing-cli with its arguments and returns the exit status. Nothing is thrown.

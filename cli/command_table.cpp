@@ -45,7 +45,8 @@ constexpr std::array kCommands = {
                    "read are named and left out, and the exit status is 1.",
         .examples = "kavo-timing-cli club league/\n"
                     "kavo-timing-cli club north/ --partial north.part\n"
-                    "kavo-timing-cli club --merge north.part south.part --json",
+                    "kavo-timing-cli club --merge north.part south.part --json\n"
+                    "kavo-timing-cli club league/ --html league.html",
         .make = makeClubCommand,
     },
     CommandInfo{
@@ -101,8 +102,20 @@ constexpr std::array kCommands = {
         .details = "A line as it happens, until Ctrl+C. A file that is being written is waited out. The results are "
                    "remembered, unless KAVO_HISTORY is off.",
         .examples = "kavo-timing-cli watch\n"
-                    "kavo-timing-cli watch --template overlay.ett --output overlay.html",
+                    "kavo-timing-cli watch --template overlay.ett --output overlay.html\n"
+                    "kavo-timing-cli watch --dashboard results.html",
         .make = makeWatchCommand,
+    },
+    CommandInfo{
+        .name = "dashboard",
+        .group = kReports,
+        .summary = "Write everything about the results as one web page",
+        .details = "Totals, next goals, all levels, who leads where, and the progress of what is remembered. The page "
+                   "needs nothing but a browser and loads nothing. Without --output it is put where the results are "
+                   "remembered, and its name is printed.",
+        .examples = "kavo-timing-cli dashboard --open\n"
+                    "kavo-timing-cli dashboard --output results.html",
+        .make = makeDashboardCommand,
     },
     CommandInfo{
         .name = "export-text",

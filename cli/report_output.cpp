@@ -9,8 +9,6 @@ namespace kavo {
 
 namespace {
 
-constexpr std::string_view kStandardOutput = "-";
-
 /// The very bytes of a report's file, but for a terminal, which is no file.
 class OutputLines final : public ReportLines
 {

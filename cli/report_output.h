@@ -10,6 +10,8 @@ namespace kavo {
 
 /// The argument of the commands that write a report.
 [[nodiscard]] Value reportFileValue();
+/// In place of a file's name.
+inline constexpr std::string_view kStandardOutput = "-";
 inline constexpr std::string_view kReportFileHelp = "the report, which is replaced; - is standard output";
 
 /// The two ways in which a report is written.

@@ -2,6 +2,7 @@
 #include "base/run_time_error.h"
 #include "base/text_file.h"
 #include "cli/command_factories.h"
+#include "cli/dashboard_text.h"
 #include "cli/loaded_results.h"
 #include "cli/option_parser.h"
 #include "cli/printable.h"
@@ -13,6 +14,7 @@
 #include "reports/html_export.h"
 
 #include <algorithm>
+#include <functional>
 #include <set>
 
 namespace fs = std::filesystem;
@@ -33,8 +35,16 @@ struct WatchOptions
     milliseconds interval{};
     std::optional<fs::path> templateFile;
     std::optional<fs::path> output;
+    std::optional<fs::path> dashboard;
     bool isOnce = false;
     bool remembers = true;
+};
+
+/// A file that is written anew whenever the results have changed.
+struct Rendering
+{
+    std::function<void(Session&)> write;
+    bool isDue = false;
 };
 
 /// Follows a user's statistics file and does what each of its rests asks for.
@@ -44,6 +54,7 @@ public:
     Following(const CommandContext& context, WatchOptions options)
         : m_context(context), m_options(std::move(options)), m_session(sessionOf(context)), m_file(statsFile())
     {
+        addRenderings();
     }
 
     ExitStatus run()
@@ -57,7 +68,7 @@ public:
         for (;;) {
             const milliseconds now = waiting->now();
             look(now);
-            if (m_options.isOnce && m_settling.content()) return m_isRenderDue ? kEndedEarly : kDone;
+            if (m_options.isOnce && m_settling.content()) return isRenderDue() ? kEndedEarly : kDone;
             if (m_options.isOnce) checkPatience(now - start);
             const milliseconds pause =
                 m_settling.isMoving(now) ? std::min(m_options.interval, kSettlingTime) : m_options.interval;
@@ -100,7 +111,7 @@ private:
         const auto content = readIfPossible();
         const bool isAtRest = content ? m_settling.look(*content, now) : m_settling.look(std::nullopt, now);
         if (isAtRest) takeRest(*content);
-        if (m_isRenderDue) render();
+        if (isRenderDue()) render();
     }
 
     /// In whatever capital letters it comes back.
@@ -127,7 +138,7 @@ private:
         for (const std::string& line : m_improvements.take(text, targets)) m_context.out.write(printable(line) + "\n");
         m_context.out.flush();
         if (m_options.remembers) remember(text);
-        m_isRenderDue = m_options.output.has_value();
+        for (Rendering& rendering : m_renderings) rendering.isDue = true;
     }
 
     void remember(const std::string& text)
@@ -143,19 +154,39 @@ private:
     /// The game may be writing again already: what fails now is tried at the next look.
     void render()
     {
-        try {
-            LoadedResults loaded = loadResults(m_context);
-            if (loaded.status() != kDone) {
-                for (const std::string& message : loaded.messages) tellOnce(message);
-                if (!loaded.result.error.empty()) tellOnce(loaded.result.errorInFull);
-                return;
-            }
-            const TemplateSections sections = loadTemplateFile({}, *m_options.templateFile);
-            exportHtml(loaded.session, sections, m_context.now(), *m_options.output);
-            m_isRenderDue = false;
-        } catch (const RunTimeError& error) {
-            tellOnce(error.inFull());
+        LoadedResults loaded = loadResults(m_context);
+        if (loaded.status() != kDone) {
+            for (const std::string& message : loaded.messages) tellOnce(message);
+            if (!loaded.result.error.empty()) tellOnce(loaded.result.error);
+            return;
         }
+        for (Rendering& rendering : m_renderings) {
+            if (!rendering.isDue) continue;
+            try {
+                rendering.write(loaded.session);
+                rendering.isDue = false;
+            } catch (const RunTimeError& error) {
+                tellOnce(error.what());
+            }
+        }
+    }
+
+    [[nodiscard]] bool isRenderDue() const
+    {
+        return std::any_of(m_renderings.begin(), m_renderings.end(), [](const Rendering& one) { return one.isDue; });
+    }
+
+    void addRenderings()
+    {
+        if (m_options.output)
+            m_renderings.push_back({[this](Session& session) {
+                const TemplateSections sections = loadTemplateFile({}, *m_options.templateFile);
+                exportHtml(session, sections, m_context.now(), *m_options.output);
+            }});
+        if (m_options.dashboard)
+            m_renderings.push_back({[this](Session& session) {
+                replaceFile(*m_options.dashboard, dashboardText(session, m_context.now()));
+            }});
     }
 
     void tellOnce(const std::string& text)
@@ -170,7 +201,7 @@ private:
     FileSettling m_settling;
     ImprovementWatch m_improvements;
     std::set<std::string> m_told;
-    bool m_isRenderDue = false;
+    std::vector<Rendering> m_renderings;
 };
 
 class WatchCommand final : public Command
@@ -186,6 +217,8 @@ public:
                 .needing("--output"),
             option("--output", {.name = "FILE", .kind = ValueKind::File}, &m_output, "that report")
                 .needing("--template"),
+            option("--dashboard", {.name = "FILE", .kind = ValueKind::File}, &m_dashboard,
+                   "the page of the command dashboard, written anew each time"),
             flag("--once", m_isOnce, "tell what is better than the latest remembered results, and end"),
             flag("--no-history", m_isHistoryOff, "remember nothing"),
         };
@@ -204,6 +237,7 @@ public:
             if (!fileExists(*options.templateFile)) throw RunTimeError(Failure::FileNotFound, *options.templateFile);
             options.output = fileNamed(*m_output);
         }
+        if (m_dashboard) options.dashboard = fileNamed(*m_dashboard);
         return Following(context, std::move(options)).run();
     }
 
@@ -211,6 +245,7 @@ private:
     double m_interval = kDefaultInterval;
     std::optional<std::string> m_template;
     std::optional<std::string> m_output;
+    std::optional<std::string> m_dashboard;
     bool m_isOnce = false;
     bool m_isHistoryOff = false;
 };

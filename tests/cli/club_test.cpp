@@ -153,6 +153,28 @@ TEST_F(ClubCommand, NeedsPlacesOrParts)
     EXPECT_EQ(run({path("league"), "--json", "--partial", "-"}).status, 2);
 }
 
+TEST_F(ClubCommand, WritesAPageInTheUsersColours)
+{
+    folder.write("curUser.dat", "bob\r\n");
+    folder.write("bob/colors/colors.ini", " 16777215 \r\n 4210688 \r\n");  // headings in 0, 64, 64
+    const Outcome outcome = run({path("league"), "--html", path("league.html")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "");
+    const std::string page = folder.read("league.html");
+    EXPECT_NE(page.find("--accent:#004040"), std::string::npos);
+    EXPECT_NE(page.find("<bdi>Ann</bdi>"), std::string::npos);
+    EXPECT_EQ(run({path("league"), "--html", "-"}).out, page);
+    EXPECT_EQ(run({path("league"), "--html", "-", "--json"}).status, 2);
+    EXPECT_EQ(run({path("league"), "--html", "-", "--partial", "-"}).status, 2);
+}
+
+TEST_F(ClubCommand, MakesTheSamePageOfJoinedParts)
+{
+    ASSERT_EQ(run({path("league/ann.txt"), "--partial", path("ann")}).status, 0);
+    ASSERT_EQ(run({path("league/bob.txt"), "--partial", path("bob")}).status, 0);
+    EXPECT_EQ(run({"--merge", path("bob"), path("ann"), "--html", "-"}).out, run({path("league"), "--html", "-"}).out);
+}
+
 TEST_F(ClubCommand, OfNobodyIsEmpty)
 {
     std::filesystem::create_directory(folder / "empty");

@@ -212,6 +212,36 @@ TEST_F(WatchCommand, RendersAtTheNextLookWhatCouldNotBeRenderedYet)
     EXPECT_TRUE(fs::is_regular_file(folder / "overlay.html"));
 }
 
+TEST_F(WatchCommand, RendersTheDashboardAnewEachTime)
+{
+    const std::vector<std::string> options = {"--dashboard", (folder / "page.html").string()};
+    std::vector<std::string> seen;
+    const auto see = [&] { seen.push_back(folder.has("page.html") ? folder.read("page.html") : "none"); };
+    at(0ms, see);
+    at(4s, see);
+    writeAt(5s, kSecond);
+    at(10s, see);
+    EXPECT_EQ(watch(20s, options).error, "");
+    ASSERT_EQ(seen.size(), 3U);
+    EXPECT_EQ(seen[0], "none");
+    EXPECT_NE(seen[1].find("00:21:05"), std::string::npos);
+    EXPECT_EQ(seen[1].find("00:19:88"), std::string::npos);
+    // What has just been remembered is on it, too.
+    EXPECT_NE(seen[2].find("00:21:05 → 00:19:88"), std::string::npos);
+    EXPECT_EQ(seen[2], test::runCommand(folder, {"dashboard", "--output", "-"}).out);
+}
+
+TEST_F(WatchCommand, RendersOneFileWhileAnotherCannotBeWritten)
+{
+    folder.write("overlay.ett", "\r\nReport\r\n%template2%\r\n\r\n%template3%\r\n\r\n%template4%\r\n\r\n");
+    fs::create_directory(folder / "overlay.html");
+    const Outcome outcome =
+        watch(8s, {"--template", (folder / "overlay.ett").string(), "--output", (folder / "overlay.html").string(),
+                   "--dashboard", (folder / "page.html").string()});
+    EXPECT_EQ(outcome.error.find("kavo-timing-cli: Path/File access error: "), 0U) << outcome.error;
+    EXPECT_TRUE(folder.has("page.html"));
+}
+
 TEST_F(WatchCommand, RemembersNothingWhenToldSo)
 {
     EXPECT_EQ(watch(5s, {"--no-history"}).status, 0);
