@@ -20,7 +20,7 @@ for Windows, under Wine. The release is built, and clang-tidy reads what the bra
   --windows        only the build for Windows
   --fuzz SECONDS   every fuzz target for so long
   --lint           clang-tidy over all sources
-  --pages          the pages of the templates in a real browser (installs Chromium)
+  --pages          web pages in a real browser (installs Chromium)
   --packages       makes the packages twice, compares, installs and starts them (as root; takes long)
   --help           this text
 TEXT
