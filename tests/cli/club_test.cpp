@@ -108,7 +108,7 @@ TEST_F(ClubCommand, NamesWhatItLeavesOut)
     EXPECT_EQ(outcome.out, all);
     EXPECT_EQ(outcome.error, "kavo-timing-cli: Wrong file!: " + path("league/notes.txt") +
                                  " is left out\nkavo-timing-cli: File not found: " + path("nowhere.txt") +
-                                 " is left out\n");
+                                 " (No such file or directory) is left out\n");
     EXPECT_EQ(Json::parse(run({path("league"), "--json"}).out)["unreadable"],
               Json::array({{{"file", path("league/notes.txt")}, {"reason", "Wrong file!"}}}));
 }
