@@ -10,7 +10,7 @@ namespace kavo {
 
 namespace {
 
-constexpr std::size_t kMostPlayers = 100;
+constexpr std::size_t kMostPlayers = 80;
 constexpr std::size_t kMostWinners = 5;  // named on a level; the matrix has the others
 constexpr std::string_view kTitle = "Table of the club";
 

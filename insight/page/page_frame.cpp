@@ -8,7 +8,7 @@ namespace kavo {
 
 namespace {
 
-constexpr std::size_t kLongestName = 48;  // characters
+constexpr std::size_t kLongestName = 32;  // characters
 
 /// Styles may stand in the page as they are: without a single allowed address they can fetch nothing. The empty
 /// icon keeps browsers from asking a server for one.
