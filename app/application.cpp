@@ -4,8 +4,7 @@
 #include "core/version.h"
 #include "forms/focus_style.h"
 #include "forms/screen_text.h"
-
-#include <QIcon>
+#include "ui/about/logo.h"
 
 namespace kavo {
 
@@ -16,7 +15,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv)
     setApplicationVersion(toScreen(kProductVersion));
     setDesktopFileName("kavo-timing");
     setStyle(new FocusStyle);
-    setWindowIcon(QIcon(":/kavo-timing.svg"));
+    setWindowIcon(logo());
     // Between the login and the main window there is a moment without any window.
     setQuitOnLastWindowClosed(false);
 }

@@ -3,9 +3,8 @@
 #include "core/messages.h"
 #include "core/version.h"
 #include "forms/screen_text.h"
+#include "ui/about/logo.h"
 #include "ui_splash_window.h"
-
-#include <QIcon>
 
 frmSplash::frmSplash() : QDialog(nullptr, Qt::SplashScreen), ui(std::make_unique<Ui::frmSplash>())
 {
@@ -18,7 +17,7 @@ frmSplash::~frmSplash() = default;
 void frmSplash::Form_Load()
 {
     constexpr QSize kLogo(128, 128);
-    ui->imgLogo->setPixmap(QIcon(":/kavo-timing.svg").pixmap(kLogo, devicePixelRatioF()));
+    ui->imgLogo->setPixmap(kavo::logo().pixmap(kLogo, devicePixelRatioF()));
     ui->lblProductName->setText(kavo::toScreen(kavo::kApplicationTitle));
     ui->lblVersion->setText(kavo::toScreen(kavo::kVersionText));
 }
