@@ -39,6 +39,12 @@ std::string asLine(std::string_view text)
     return std::string(text).append(kLineEnd);
 }
 
+/// Most logins are those of the time before: then nothing is written, and no disk is waited for.
+void update(const fs::path& path, std::string_view content)
+{
+    if (readFileIfThere(path) != content) replaceFile(path, content);
+}
+
 bool holdsOrdinaryFile(const fs::path& folder)
 {
     std::error_code error;
@@ -96,7 +102,7 @@ int readAutoLogin(const fs::path& programFolder)
 
 void writeAutoLogin(const fs::path& programFolder, bool autoLogin)
 {
-    replaceFile(autoLoginFile(programFolder), asLine(printedNumber(autoLogin ? kAutoLogin : 0)));
+    update(autoLoginFile(programFolder), asLine(printedNumber(autoLogin ? kAutoLogin : 0)));
 }
 
 void suspendAutoLogin(const fs::path& programFolder)
@@ -120,7 +126,7 @@ bool createUserIfNew(const fs::path& programFolder, std::string_view nick)
 
 void writeCurrentUser(const fs::path& programFolder, std::string_view nick)
 {
-    replaceFile(currentUserFile(programFolder), asLine(nick));
+    update(currentUserFile(programFolder), asLine(nick));
 }
 
 }  // namespace kavo

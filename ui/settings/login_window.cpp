@@ -25,18 +25,40 @@ QString onScreen(const std::string& nick)
     return kavo::toScreen(nick, kavo::kLongestCaption);
 }
 
+std::vector<std::string> readNicks(const std::filesystem::path& programFolder)
+{
+    std::vector<std::string> nicks = kavo::readUsers(programFolder);
+    nicks.resize(std::min(nicks.size(), kMostNicks));
+    return nicks;
+}
+
+/// The first nick that is shown as that text.
+std::optional<std::string> shownAs(const QString& text, const std::vector<std::string>& nicks)
+{
+    const auto shown =
+        std::find_if(nicks.begin(), nicks.end(), [&text](const std::string& nick) { return onScreen(nick) == text; });
+    return shown == nicks.end() ? std::nullopt : std::optional(*shown);
+}
+
 }  // namespace
 
 frmLogin::frmLogin(const kavo::Services& services, kavo::Navigator& navigator)
-    : ui(std::make_unique<Ui::frmLogin>()), m_services(services), m_navigator(navigator)
+    : m_services(services), m_navigator(navigator)
 {
-    ui->setupUi(this);
+    setObjectName("frmLogin");
     setWindowFlag(Qt::WindowStaysOnTopHint);
-    wire();
-    Combo1_Change();
 }
 
 frmLogin::~frmLogin() = default;
+
+void frmLogin::makeControls()
+{
+    if (ui) return;
+    ui = std::make_unique<Ui::frmLogin>();
+    ui->setupUi(this);
+    wire();
+    Combo1_Change();
+}
 
 void frmLogin::wire()
 {
@@ -48,6 +70,10 @@ void frmLogin::wire()
 void frmLogin::Form_Load()
 {
     try {
+        if (const auto nick = nickWithoutControls()) {
+            logIn(*nick, true);
+            return;
+        }
         fillControls();
         // A nick that could not be logged in with OK waits for the user, whose files stay as they are.
         if (ui->Check1->isChecked() && kavo::isNickForAutoLogin(nick())) {
@@ -56,17 +82,34 @@ void frmLogin::Form_Load()
         }
     } catch (...) {
         // A broken login file must not leave the program running without a window.
+        if (!ui) kavo::guarded([this] { fillControls(); });
         present();
         throw;
     }
     present();
 }
 
+/// The nick of a start that shows no login window: its controls are then made when it is first shown, if ever.
+std::optional<std::string> frmLogin::nickWithoutControls() const
+{
+    if (ui) return std::nullopt;
+    const auto& folder = m_services.session.programFolder;
+    try {
+        const std::vector<std::string> known = readNicks(folder);
+        const auto current = kavo::readCurrentUserIfThere(folder);
+        if (!current || kavo::readAutoLogin(folder) != kavo::kAutoLogin) return std::nullopt;
+        const std::string nick = shownAs(onScreen(*current), known).value_or(*current);
+        return kavo::isNickForAutoLogin(nick) ? std::optional(nick) : std::nullopt;
+    } catch (const std::exception&) {
+        return std::nullopt;  // the controls are filled from the same files, and the error told then
+    }
+}
+
 void frmLogin::fillControls()
 {
+    makeControls();
     const auto& folder = m_services.session.programFolder;
-    m_knownNicks = kavo::readUsers(folder);
-    m_knownNicks.resize(std::min(m_knownNicks.size(), kMostNicks));
+    m_knownNicks = readNicks(folder);
     ui->Combo1->clear();
     for (const std::string& known : m_knownNicks) ui->Combo1->addItem(onScreen(known));
     ui->Combo1->setCurrentIndex(-1);
@@ -91,6 +134,7 @@ void frmLogin::present()
 
 void frmLogin::offer(const QString& nick, bool autoLogin)
 {
+    makeControls();
     ui->Combo1->setEditText(nick);
     ui->Check1->setChecked(autoLogin);
 }
@@ -104,9 +148,7 @@ void frmLogin::centreHorizontally()
 std::string frmLogin::nick() const
 {
     const QString text = ui->Combo1->currentText();
-    const auto shown = std::find_if(m_knownNicks.begin(), m_knownNicks.end(),
-                                    [&text](const std::string& known) { return onScreen(known) == text; });
-    return shown == m_knownNicks.end() ? fromScreen(text) : *shown;
+    return shownAs(text, m_knownNicks).value_or(fromScreen(text));
 }
 
 // Combo1: the nick
@@ -119,12 +161,16 @@ void frmLogin::Combo1_Change()
 // cmdOK: log in
 void frmLogin::cmdOK_Click()
 {
+    logIn(nick(), ui->Check1->isChecked());
+}
+
+void frmLogin::logIn(const std::string& nick, bool autoLogin)
+{
     const auto& folder = m_services.session.programFolder;
-    kavo::writeAutoLogin(folder, ui->Check1->isChecked());
-    const std::string chosen = nick();
-    if (kavo::createUserIfNew(folder, chosen))
-        m_services.prompts.tell(this, {std::string(kavo::messages::kNewUser) + chosen});
-    kavo::writeCurrentUser(folder, chosen);
+    kavo::writeAutoLogin(folder, autoLogin);
+    if (kavo::createUserIfNew(folder, nick))
+        m_services.prompts.tell(this, {std::string(kavo::messages::kNewUser) + nick});
+    kavo::writeCurrentUser(folder, nick);
     m_navigator.showMain();
 }
 

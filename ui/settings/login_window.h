@@ -6,6 +6,7 @@
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -42,17 +43,20 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void makeControls();
     void wire();
     void Combo1_Change();
     void cmdOK_Click();
     void cmdCancel_Click();
     void Form_KeyPress(int key);
+    void logIn(const std::string& nick, bool autoLogin);
+    [[nodiscard]] std::optional<std::string> nickWithoutControls() const;
     void fillControls();
     void present();
     void centreHorizontally();
     [[nodiscard]] std::string nick() const;
 
-    std::unique_ptr<Ui::frmLogin> ui;
+    std::unique_ptr<Ui::frmLogin> ui;  ///< from the moment that the window is needed
     kavo::Services m_services;
     kavo::Navigator& m_navigator;
     std::vector<std::string> m_knownNicks;  ///< bytes behind the texts that the list shows

@@ -1,5 +1,6 @@
 #include "base/run_time_error.h"
 #include "forms/screen_text.h"
+#include "tests/support/trouble.h"
 #include "tests/support/window_fixture.h"
 
 #include <QCheckBox>
@@ -159,6 +160,43 @@ TEST_F(LoginWindow, AutoLoginOpensTheMainWindowWithoutAsking)
     EXPECT_TRUE(mainWindow().isVisible());
     EXPECT_EQ(mainWindow().windowTitle(), "Kavo Timing 2.1  User: Marek");
     EXPECT_EQ(folder.read("autolog.dat"), " 1 \r\n");
+}
+
+TEST_F(LoginWindow, AutoLoginLeavesTheFilesAloneAndMakesNoControlsThatNobodySees)
+{
+    folder.write("autolog.dat", " 1 \r\n");
+    const std::filesystem::file_time_type longAgo{};
+    for (const char* name : {"autolog.dat", "curUser.dat"}) std::filesystem::last_write_time(folder / name, longAgo);
+    start();
+    EXPECT_TRUE(mainWindow().isVisible());
+    EXPECT_EQ(loginWindow().findChild<QComboBox*>(), nullptr);
+    for (const char* name : {"autolog.dat", "curUser.dat"})
+        EXPECT_EQ(std::filesystem::last_write_time(folder / name), longAgo) << name;
+    QTest::keyClick(&control<QWidget>(mainWindow(), "lv"), Qt::Key_F12);
+    EXPECT_TRUE(nick().isVisible());
+}
+
+TEST_F(LoginWindow, AutoLoginTakesTheFirstUserThatIsShownLikeTheLastOne)
+{
+    folder.write("users.dat", "Ren\xE9\r\nRen\xC3\xA9\r\n");
+    folder.write("curUser.dat", "Ren\xC3\xA9\r\n");
+    folder.write("autolog.dat", " 1 \r\n");
+    for (const char* user : {"Ren\xE9", "Ren\xC3\xA9"})
+        folder.write(std::string(user) + "/data.ini", "\r\n 3 \r\n\r\nGood\r\n");
+    start();
+    EXPECT_TRUE(mainWindow().isVisible());
+    EXPECT_EQ(folder.read("curUser.dat"), "Ren\xE9\r\n");
+}
+
+TEST_F(LoginWindow, AutoLoginThatFailsLeavesTheFilledWindowThere)
+{
+    folder.write("autolog.dat", "1\r\n");
+    const kavo::test::SmallDisk full(0);
+    EXPECT_THROW(start(), kavo::RunTimeError);
+    EXPECT_TRUE(loginWindow().isVisible());
+    EXPECT_EQ(nick().currentText(), "Marek");
+    EXPECT_TRUE(autoLogin().isChecked());
+    EXPECT_TRUE(ok().isEnabled());
 }
 
 TEST_F(LoginWindow, OnlyTheNumberOneMeansAutoLogin)
