@@ -83,6 +83,10 @@ std::string textOf(const fs::path& path)
 fs::path locate(const fs::path& wanted)
 {
     if (isThere(wanted)) return wanted;
+    // What is missing is nearly always a file in a folder that is there as it is spelled.
+    const fs::path folder = wanted.parent_path();
+    if (const fs::path name = wanted.filename(); !name.empty() && isThere(folder))
+        return folder / entryIgnoringCase(folder, name).value_or(name);
     fs::path found = wanted.root_path();
     bool searching = true;
     for (const fs::path& component : wanted.relative_path()) {

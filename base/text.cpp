@@ -11,6 +11,8 @@ namespace kavo {
 
 namespace {
 
+constexpr std::size_t kExactDigits = 15;  ///< of any whole number that a double holds exactly
+
 unsigned byteAt(std::string_view text, std::size_t position)
 {
     return static_cast<unsigned char>(text[position]);
@@ -52,6 +54,12 @@ std::size_t sequenceLength(std::string_view text, std::size_t position)
     for (std::size_t i = 1; i < length; ++i)
         if (!isContinuation(text, position + i)) return 0;
     return isSecondByteAllowed(lead, byteAt(text, position + 1)) ? length : 0;
+}
+
+/// Length of the character at `position`, at once where it is ASCII, as nearly all are.
+std::size_t lengthAt(std::string_view text, std::size_t position)
+{
+    return byteAt(text, position) < 0x80U ? 1 : std::max<std::size_t>(1, sequenceLength(text, position));
 }
 
 char32_t lowerCase(char32_t c)
@@ -116,6 +124,14 @@ double nearestToOutOfRange(std::string_view mantissa, std::string_view exponent)
     return digitsBeforePoint + exponentOf(exponent) > 0 ? std::numeric_limits<double>::max() : 0;
 }
 
+/// Value of a few digits, which a double holds exactly.
+double wholeNumber(std::string_view digits)
+{
+    std::int64_t value = 0;
+    for (const char digit : digits) value = value * 10 + (digit - '0');
+    return static_cast<double>(value);
+}
+
 struct NumberPrefix
 {
     double value = 0;
@@ -134,6 +150,11 @@ std::optional<NumberPrefix> numberPrefix(std::string_view text)
     const std::size_t digitCount = mantissaEnd - digits - (hasPoint ? 1 : 0);
     if (digitCount == 0) return std::nullopt;
     const std::size_t end = skipExponent(text, mantissaEnd);
+    // Nearly all numbers are the two digits of a part of a time.
+    if (end == pointAt && digitCount <= kExactDigits) {
+        const double value = wholeNumber(text.substr(digits, digitCount));
+        return NumberPrefix{negative ? -value : value, end};
+    }
     double value = 0;
     const auto [unused, error] = std::from_chars(text.data() + digits, text.data() + end, value);
     if (error == std::errc::result_out_of_range)
@@ -146,8 +167,7 @@ std::optional<NumberPrefix> numberPrefix(std::string_view text)
 
 std::size_t characterLength(std::string_view text, std::size_t position)
 {
-    if (position >= text.size()) return 0;
-    return std::max<std::size_t>(1, sequenceLength(text, position));
+    return position < text.size() ? lengthAt(text, position) : 0;
 }
 
 char32_t codePointOf(std::string_view character)
@@ -181,7 +201,7 @@ void appendUtf8(std::string& text, char32_t value)
 std::size_t countCharacters(std::string_view text)
 {
     std::size_t count = 0;
-    for (std::size_t at = 0; at < text.size(); at += characterLength(text, at)) ++count;
+    for (std::size_t at = 0; at < text.size(); at += lengthAt(text, at)) ++count;
     return count;
 }
 
@@ -190,7 +210,7 @@ std::size_t advance(std::string_view text, std::size_t from, std::size_t charact
     std::size_t at = from;
     for (std::size_t i = 0; i < characters; ++i) {
         if (at >= text.size()) return std::string_view::npos;
-        at += characterLength(text, at);
+        at += lengthAt(text, at);
     }
     return at;
 }
@@ -266,6 +286,11 @@ bool isNumeric(std::string_view text)
 std::string decimal(double number)
 {
     if (number == 0) return "0";  // without the sign that zero can have
+    constexpr double kBeyondExact = 1e15;
+    if (std::fabs(number) < kBeyondExact) {
+        const auto whole = static_cast<std::int64_t>(number);
+        if (static_cast<double>(whole) == number) return std::to_string(whole);
+    }
     std::array<char, 400> buffer{};
     const auto [end, error] =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);

@@ -23,8 +23,9 @@ std::string_view fieldAt(std::string_view time, std::size_t position)
 
 std::string twoDigits(double number)
 {
-    const std::string text = decimal(number);
-    return text.size() == 1 ? "0" + text : text;
+    std::string text = decimal(number);
+    if (text.size() == 1) text.insert(0, 1, '0');
+    return text;
 }
 
 std::string AddTime(std::string_view a, std::string_view b)

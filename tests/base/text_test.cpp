@@ -148,6 +148,10 @@ TEST(PrintedNumber, HasABlankOnBothSides)
     EXPECT_EQ(printedNumber(-3), "-3 ");
     EXPECT_EQ(printedNumber(8.25), " 8.25 ");
     EXPECT_EQ(decimal(16777215), "16777215");
+    EXPECT_EQ(decimal(-59), "-59");
+    EXPECT_EQ(decimal(999'999'999'999'999), "999999999999999");
+    EXPECT_EQ(decimal(-1e15), "-1000000000000000");
+    EXPECT_EQ(decimal(9007199254740994), "9007199254740994");  // the second double behind 2 to the 53rd
     EXPECT_EQ(decimal(-0.0), "0");
     EXPECT_EQ(printedNumber(numberOf("-1e-400")), " 0 ");
     EXPECT_EQ(decimal(std::numeric_limits<double>::max()).size(), 309U);
