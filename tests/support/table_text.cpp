@@ -28,9 +28,9 @@ std::string marked(const Session& session, int row)
     std::string line;
     for (int i = 0; i < kColumns; ++i) {
         const Cell& cell = session.table.cell(row, static_cast<Column>(i));
-        line += (i > 0 ? "|" : "") + cell.text;
+        line.append(i > 0 ? "|" : "").append(cell.text);
         if (cell.bold) line += "*";
-        if (cell.colour) line += "{" + colourName(session.colours, *cell.colour) + "}";
+        if (cell.colour) line.append("{").append(colourName(session.colours, *cell.colour)).append("}");
     }
     return line;
 }
@@ -38,14 +38,14 @@ std::string marked(const Session& session, int row)
 std::string texts(const ResultsTable& table, int row)
 {
     std::string line;
-    for (int i = 0; i < kColumns; ++i) line += (i > 0 ? "|" : "") + table.text(row, static_cast<Column>(i));
+    for (int i = 0; i < kColumns; ++i) line.append(i > 0 ? "|" : "").append(table.text(row, static_cast<Column>(i)));
     return line;
 }
 
 std::string headers(const ResultsTable& table)
 {
     std::string line;
-    for (int i = 0; i < kColumns; ++i) line += (i > 0 ? "|" : "") + table.header(static_cast<Column>(i));
+    for (int i = 0; i < kColumns; ++i) line.append(i > 0 ? "|" : "").append(table.header(static_cast<Column>(i)));
     return line;
 }
 
@@ -53,7 +53,7 @@ std::string counts(const ResultsState& state, Side side)
 {
     std::string line;
     for (const Grade& grade : grades())
-        line += (line.empty() ? "" : " ") + std::to_string(state.counter(side, grade.category));
+        line.append(line.empty() ? "" : " ").append(std::to_string(state.counter(side, grade.category)));
     return line;
 }
 
