@@ -3,7 +3,7 @@
 #include <QTreeView>
 
 /// The least that a window with the results table can cost: 55 rows of nine texts, no rules, no files.
-/// Ends after its first paint; bench/start_time.sh compares the program's start with it.
+/// Ends after its first paint; bench/measure.py compares the program's start with it.
 namespace {
 
 class BareView final : public QTreeView

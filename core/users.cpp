@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/text_cursor.h"
 #include "base/text_file.h"
+#include "base/write_protection.h"
 
 namespace fs = std::filesystem;
 
@@ -39,10 +40,12 @@ std::string asLine(std::string_view text)
     return std::string(text).append(kLineEnd);
 }
 
-/// Most logins are those of the time before: then nothing is written, and no disk is waited for.
+/// Most logins are those of the time before: then nothing is written, and no disk is waited for. What could not be
+/// written is an error all the same.
 void update(const fs::path& path, std::string_view content)
 {
-    if (readFileIfThere(path) != content) replaceFile(path, content);
+    const bool isProtected = writeProtection(path) || writeProtection(path.parent_path());
+    if (isProtected || readFileIfThere(path) != content) replaceFile(path, content);
 }
 
 bool holdsOrdinaryFile(const fs::path& folder)
