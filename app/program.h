@@ -35,7 +35,7 @@ public:
     void start();
 
     /// Another host for the world-records page; an empty text is the default one.
-    void useRecordsHost(const std::string& host) { m_session.recordsHost = host; }
+    void useRecordsHost(const std::string& host) { m_mainWindow->useRecordsHost(host); }
 
     /// From now on results are remembered: after a loading, and not before there is something to see.
     void rememberResults(const HistorySources& sources);

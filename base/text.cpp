@@ -165,6 +165,11 @@ std::optional<NumberPrefix> numberPrefix(std::string_view text)
 
 }  // namespace
 
+std::string asLine(std::string_view text)
+{
+    return std::string(text).append(kLineEnd);
+}
+
 std::size_t characterLength(std::string_view text, std::size_t position)
 {
     return position < text.size() ? lengthAt(text, position) : 0;

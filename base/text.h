@@ -11,6 +11,9 @@ namespace kavo {
 
 inline constexpr std::string_view kLineEnd = "\r\n";
 
+/// The text and the end of its line.
+[[nodiscard]] std::string asLine(std::string_view text);
+
 /// Bytes of the character that starts at byte `position` (0-based): 1 to 4, or 0 at the end.
 [[nodiscard]] std::size_t characterLength(std::string_view text, std::size_t position);
 

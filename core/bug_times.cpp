@@ -61,7 +61,7 @@ BugTimesByLevel parseBugTimesByLevel(std::string_view text)
 std::string formatBugTimes(const BugTimeEntries& entries)
 {
     std::string text;
-    const auto add = [&text](std::string_view line) { text.append(line).append(kLineEnd); };
+    const auto add = [&text](std::string_view line) { text.append(asLine(line)); };
     add(kPlayer1Marker);
     for (const std::string& entry : entries.player1) add(entry);
     add(kPlayer2Marker);

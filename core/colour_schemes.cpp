@@ -45,16 +45,13 @@ ColourSet withDefaultGrades(ColourSet colours)
 
 ColourSet readColoursToEdit(const fs::path& userFolder)
 {
-    const auto text = readFileIfThere(coloursFile(userFolder));
-    if (!text) return {};
-    const ColourFile file = parseColours(*text);
+    const ColourFile file = readColourFile(userFolder);
     return isOfOlderKind(file) ? withDefaultGrades(file.colours) : file.colours;
 }
 
 void upgradeColours(const fs::path& userFolder)
 {
-    const auto text = readFileIfThere(coloursFile(userFolder));
-    if (text && isOfOlderKind(parseColours(*text))) saveColours(userFolder, readColoursToEdit(userFolder));
+    if (isOfOlderKind(readColourFile(userFolder))) saveColours(userFolder, readColoursToEdit(userFolder));
 }
 
 void saveColours(const fs::path& userFolder, const ColourSet& colours)

@@ -17,6 +17,7 @@ constexpr std::size_t kShortestFile = 10;  // bytes; anything shorter is a lefto
 ColourFile parseColours(std::string_view text)
 {
     ColourFile file;
+    file.size = text.size();
     TextCursor cursor(text);
     for (const auto member : kColourLines) {
         if (cursor.atEnd()) break;
@@ -31,7 +32,7 @@ ColourFile parseColours(std::string_view text)
 std::string formatColours(const ColourSet& colours)
 {
     std::string text;
-    for (const auto member : kColourLines) text.append(printedNumber(colours.*member)).append(kLineEnd);
+    for (const auto member : kColourLines) text.append(asLine(printedNumber(colours.*member)));
     return text;
 }
 
@@ -54,16 +55,21 @@ void makeColoursFolder(const std::filesystem::path& userFolder)
     if (error) throw RunTimeError(error, coloursFolder(userFolder));
 }
 
-ColourSet readTableColours(const std::filesystem::path& userFolder)
+ColourFile readColourFile(const std::filesystem::path& userFolder)
 {
     const auto text = readFileIfThere(coloursFile(userFolder));
-    return text && text->size() >= kShortestFile ? parseColours(*text).colours : ColourSet{};
+    return text ? parseColours(*text) : ColourFile{};
+}
+
+ColourSet readTableColours(const std::filesystem::path& userFolder)
+{
+    const ColourFile file = readColourFile(userFolder);
+    return file.size >= kShortestFile ? file.colours : ColourSet{};
 }
 
 ColourSet readWindowColours(const std::filesystem::path& userFolder)
 {
-    const auto text = readFileIfThere(coloursFile(userFolder));
-    return text ? parseColours(*text).colours : ColourSet{};
+    return readColourFile(userFolder).colours;
 }
 
 }  // namespace kavo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -36,7 +37,10 @@ struct ColourSet
 inline constexpr int kColours = 9;
 inline constexpr int kWindowColours = 4;  ///< the first four paint windows, the others are the grades'
 
-/// The members of ColourSet by line of the file (0-based).
+/// The lines of a colour file (0-based). The first kWindowColours are numbered by the windows themselves.
+enum class ColourLine { Back, Frames, Labels, Text, WorldRecord, WorldClass, Professional, Good, OK };
+
+/// The members of ColourSet by ColourLine.
 inline constexpr std::array<Colour ColourSet::*, kColours> kColourLines = {
     &ColourSet::ColBack, &ColourSet::ColFrames, &ColourSet::ColLabels, &ColourSet::ColText, &ColourSet::ColWR,
     &ColourSet::ColWC,   &ColourSet::ColPro,    &ColourSet::ColGood,   &ColourSet::ColOK};
@@ -45,7 +49,8 @@ inline constexpr std::array<Colour ColourSet::*, kColours> kColourLines = {
 struct ColourFile
 {
     ColourSet colours;
-    int count = 0;  ///< how many colours the file held, at most nine
+    int count = 0;         ///< how many colours the file held, at most nine
+    std::size_t size = 0;  ///< of the file, in bytes
 };
 
 /// Reads up to nine numbers; stops at the first field that is none.
@@ -61,6 +66,9 @@ struct ColourFile
 /// Makes the `colors` folder where it is missing. Throws RunTimeError: PathNotFound for a user without a folder of
 /// their own, which is an error and no new user; PathFileAccess, DiskFull.
 void makeColoursFolder(const std::filesystem::path& userFolder);
+
+/// The colour file in force; an empty one when there is none.
+[[nodiscard]] ColourFile readColourFile(const std::filesystem::path& userFolder);
 
 /// The colours of the results table: a file shorter than ten bytes is no colour file.
 [[nodiscard]] ColourSet readTableColours(const std::filesystem::path& userFolder);

@@ -24,8 +24,6 @@ namespace kavo {
 
 namespace {
 
-constexpr std::string_view kPreviousResultsName = "1res.old";
-
 /// Nothing of the loading before stays but the shared results state.
 void startAnew(Session& session)
 {
@@ -36,6 +34,7 @@ void startAnew(Session& session)
     session.colours = ColourSet{};
     session.fontSize = kDesignedFontSize;
     session.StatsPath.clear();
+    session.comparedWith = CompareMethod::AnotherFile;
     session.CompPath.clear();
     session.CompCategory.clear();
 }
@@ -82,7 +81,7 @@ bool readSecondFile(Session& session, LoadingHost& host)
     if (!fileExists(path)) return false;
     parseFile(path, [&session, &host, &path](std::string_view text) {
         // The saved previous results come from a file that was checked when it was player 1's.
-        const bool isChecked = lastCharacters(session.CompPath, kPreviousResultsName.size()) != kPreviousResultsName;
+        const bool isChecked = session.comparedWith != CompareMethod::PreviousResults;
         if (isChecked && !isSecondStatisticsFile(text)) endWithWrongFile(host, path);
         readTimesOfPlayer2(session, text);
     });
@@ -97,7 +96,7 @@ void addSecondTotal(Session& session, const std::string& total)
 
 void fillSecondColumn(Session& session, LoadingHost& host, const std::string& total1)
 {
-    if (trimBlanks(session.CompPath) == kCompareWithTargets)
+    if (session.comparedWith == CompareMethod::Targets)
         addSecondTotal(session, fillWithTargets(session, total1));
     else if (readSecondFile(session, host))
         // Not in hours, unlike player 1's total: the column has always been shown this way.
@@ -167,6 +166,7 @@ void Init(Session& session)
     }
     if (session.StatsPath.empty()) session.StatsPath = textOf(session.programFolder / "stats.txt");
     if (session.CompPath.empty()) session.CompPath = session.StatsPath;
+    session.comparedWith = methodOfPath(session.CompPath);
     const Names names = parseNames(readFileIfThere(namesFile(session.userFolder)).value_or(""));
     session.state.Player1Name = names.player1;
     session.state.Player2Name = names.player2;

@@ -5,6 +5,7 @@
 #include "core/levels.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,6 +17,16 @@ namespace kavo {
 enum class TargetCategory { WorldRecord, WorldClass, Professional, Good, OK, Beginner };
 
 inline constexpr int kCategories = 6;
+
+/// A value for each grade, best first.
+template <typename T>
+struct ByGrade
+{
+    std::array<T, kCategories> values{};
+
+    [[nodiscard]] const T& operator[](TargetCategory grade) const { return values.at(static_cast<std::size_t>(grade)); }
+    [[nodiscard]] T& operator[](TargetCategory grade) { return values.at(static_cast<std::size_t>(grade)); }
+};
 
 using TargetTimes = OneBased<std::string, kTotalsRow>;
 

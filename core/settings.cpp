@@ -7,15 +7,6 @@
 
 namespace kavo {
 
-namespace {
-
-std::string asLine(std::string_view text)
-{
-    return std::string(text).append(kLineEnd);
-}
-
-}  // namespace
-
 Settings parseSettings(std::string_view text)
 {
     TextCursor cursor(text);
@@ -65,7 +56,14 @@ std::filesystem::path settingsFile(const std::filesystem::path& userFolder)
 
 std::filesystem::path previousResultsFile(const std::filesystem::path& userFolder)
 {
-    return locate(userFolder / "1res.old");
+    return locate(userFolder / kPreviousResultsName);
+}
+
+CompareMethod methodOfPath(std::string_view path)
+{
+    if (trimBlanks(path) == kCompareWithTargets) return CompareMethod::Targets;
+    const bool isKept = lastCharacters(path, kPreviousResultsName.size()) == kPreviousResultsName;
+    return isKept ? CompareMethod::PreviousResults : CompareMethod::AnotherFile;
 }
 
 void saveSettings(const std::filesystem::path& userFolder, const Settings& settings)

@@ -10,6 +10,16 @@ namespace kavo {
 /// What player 1's results are compared with; the numbers stand in `data.ini`.
 enum class CompareMethod { PreviousResults = 1, AnotherFile = 2, Targets = 3 };
 
+/// The copy of an earlier statistics file that PreviousResults compares with.
+inline constexpr std::string_view kPreviousResultsName = "1res.old";
+
+/// What stands in place of a second file's path when Targets are compared with.
+inline constexpr std::string_view kCompareWithTargets = "compwith";
+
+/// What the path of a second file compares with. Players have typed the word of the targets as a path, and the names
+/// of kept results, and both have always counted.
+[[nodiscard]] CompareMethod methodOfPath(std::string_view path);
+
 /// `data.ini`: the user's settings as they stand in the file. Paths are texts as typed.
 struct Settings
 {
@@ -38,7 +48,6 @@ void saveSettings(const std::filesystem::path& userFolder, const Settings& setti
 /// Puts a font size in place of the last line of `data.ini`. Throws RunTimeError(FileNotFound) without one.
 void saveFontSize(const std::filesystem::path& userFolder, double fontSize);
 
-/// The copy of an earlier statistics file that PreviousResults compares with.
 [[nodiscard]] std::filesystem::path previousResultsFile(const std::filesystem::path& userFolder);
 
 /// Copies the statistics file to the previous results when the user has none, so that the first comparison

@@ -35,11 +35,6 @@ std::string firstLine(std::string_view text)
     return std::string(TextCursor(text).line());
 }
 
-std::string asLine(std::string_view text)
-{
-    return std::string(text).append(kLineEnd);
-}
-
 /// Most logins are those of the time before: then nothing is written, and no disk is waited for. What could not be
 /// written is an error all the same.
 void update(const fs::path& path, std::string_view content)

@@ -31,7 +31,7 @@ WindowLayout withValues(WindowLayout layout, const std::vector<double>& values)
 std::string formatLayout(const WindowLayout& layout)
 {
     std::string text;
-    const auto add = [&text](double value) { text.append(printedNumber(value)).append(kLineEnd); };
+    const auto add = [&text](double value) { text.append(asLine(printedNumber(value))); };
     add(layout.left);
     add(layout.top);
     add(layout.height);

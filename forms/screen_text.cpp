@@ -38,6 +38,11 @@ QString wholeToScreen(std::string_view bytes)
     return QString::fromStdString(toUtf8(bytes));
 }
 
+QString captionToScreen(std::string_view bytes)
+{
+    return toScreen(bytes, kLongestCaption).replace('&', "&&");
+}
+
 QString pathToScreen(const std::filesystem::path& path)
 {
     return toScreen(std::string_view(textOf(path)));

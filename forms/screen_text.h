@@ -31,6 +31,9 @@ inline constexpr std::size_t kLongestPage = 1'000'000;
 /// The same, however long the text is: for boxes in which it is edited.
 [[nodiscard]] QString wholeToScreen(std::string_view bytes);
 
+/// A caption of a control that takes "&" for the mark of an access key: here it is only that. Cut to kLongestCaption.
+[[nodiscard]] QString captionToScreen(std::string_view bytes);
+
 [[nodiscard]] QString pathToScreen(const std::filesystem::path& path);
 
 /// What the user typed, as UTF-8.

@@ -36,8 +36,8 @@ constexpr std::array<CellPlaceholder, 6> kTotalPlaceholders = {{{"%tt1%", Column
                                                                 {"%ttt%", Column::Team},
                                                                 {"%ttttarget%", Column::Target}}};
 
-/// By grade, best first; a side's mark and a percent sign follow.
-constexpr std::array<std::string_view, kCategories> kGradePlaceholders = {"%wr", "%wc", "%pr", "%go", "%ok", "%be"};
+/// A side's mark and a percent sign follow.
+constexpr ByGrade<std::string_view> kGradePlaceholders = {{"%wr", "%wc", "%pr", "%go", "%ok", "%be"}};
 
 struct SideMark
 {
@@ -78,8 +78,7 @@ std::string withCounts(std::string text, const ResultsState& state)
     };
     for (const Grade& grade : grades())
         for (const SideMark& side : kSides)
-            put(kGradePlaceholders.at(static_cast<std::size_t>(grade.category)), side.mark,
-                state.counter(side.side, grade.category));
+            put(kGradePlaceholders[grade.category], side.mark, state.counter(side.side, grade.category));
     for (const SideMark& side : kSides) put("%vic", side.mark, state.victories(side.side));
     return text;
 }
@@ -121,14 +120,21 @@ void writeHtmlReport(const Session& session, const TemplateSections& sections, c
     report.write(substitute(sections.ending, session, dates, 0));
 }
 
-void exportHtml(Session& session, const TemplateSections& sections, std::time_t now, const std::filesystem::path& path)
+void HtmlReports::write(const Session& session, const TemplateSections& sections, std::time_t now,
+                        const std::filesystem::path& path)
 {
-    if (session.isHtmlReportOpen) throw RunTimeError(Failure::PathFileAccess, path);
+    if (m_isOneOpen) throw RunTimeError(Failure::PathFileAccess, path);
     ReportFile file(path);
-    session.isHtmlReportOpen = true;
+    m_isOneOpen = true;
     writeHtmlReport(session, sections, datesOf(now), file);
     file.close();
-    session.isHtmlReportOpen = false;
+    m_isOneOpen = false;
+}
+
+void exportHtml(const Session& session, const TemplateSections& sections, std::time_t now,
+                const std::filesystem::path& path)
+{
+    HtmlReports().write(session, sections, now, path);
 }
 
 }  // namespace kavo

@@ -24,8 +24,21 @@ inline constexpr std::string_view kDownloadAddress = "https://kavo-timing.exampl
 void writeHtmlReport(const Session& session, const TemplateSections& sections, const ReportDates& dates,
                      ReportLines& report);
 
-/// The report in a file, which is replaced. Throws RunTimeError when it cannot be written; once one has
-/// broken off after its file was opened, every later one of the session fails, too.
-void exportHtml(Session& session, const TemplateSections& sections, std::time_t now, const std::filesystem::path& path);
+/// The reports that one run of the program writes into files.
+class HtmlReports final
+{
+public:
+    /// Writes a report over the file. Throws RunTimeError when it cannot be written; once one has broken off after its
+    /// file was opened, it is never closed, and no other can be written in this run.
+    void write(const Session& session, const TemplateSections& sections, std::time_t now,
+               const std::filesystem::path& path);
+
+private:
+    bool m_isOneOpen = false;
+};
+
+/// A report by itself.
+void exportHtml(const Session& session, const TemplateSections& sections, std::time_t now,
+                const std::filesystem::path& path);
 
 }  // namespace kavo

@@ -35,9 +35,10 @@ std::unique_ptr<Ui::Form11> designed(QDialog* window)
 
 }  // namespace
 
-Form11::Form11(const kavo::Services& services, QWidget* parent)
+Form11::Form11(const kavo::Services& services, kavo::HtmlReports& reports, QWidget* parent)
     : SecondaryWindow(services, parent),
       ui(designed(this)),
+      m_reports(reports),
       m_beginning(*ui->Text2),
       m_loop(*ui->Text3),
       m_total(*ui->Text4),
@@ -152,8 +153,7 @@ void Form11::Command4_Click()
 {
     std::string_view outcome = kOk;
     try {
-        kavo::exportHtml(session(), sections(), services().clock.now().toSecsSinceEpoch(),
-                         typedPath(ui->Text1->text()));
+        m_reports.write(session(), sections(), services().clock.now().toSecsSinceEpoch(), typedPath(ui->Text1->text()));
     } catch (const std::exception&) {
         outcome = kFailed;  // whatever it was: the box says no more
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/secondary_window.h"
+#include "reports/html_export.h"
 #include "reports/section_box.h"
 #include "reports/template_file.h"
 
@@ -27,7 +28,8 @@ class Form11 final : public kavo::SecondaryWindow
     Q_OBJECT
 
 public:
-    Form11(const kavo::Services& services, QWidget* parent);
+    /// `reports` outlives the window: one that broke off in an earlier window counts.
+    Form11(const kavo::Services& services, kavo::HtmlReports& reports, QWidget* parent);
     ~Form11() override;
 
 protected:
@@ -53,6 +55,7 @@ private:
     [[nodiscard]] kavo::TemplateSections sections() const;
 
     std::unique_ptr<Ui::Form11> ui;
+    kavo::HtmlReports& m_reports;
     kavo::SectionBox m_beginning;
     kavo::SectionBox m_loop;
     kavo::SectionBox m_total;

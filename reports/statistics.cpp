@@ -8,9 +8,9 @@ namespace kavo {
 
 namespace {
 
-/// By grade, best first. The blanks bring the TABs behind them into line in the text box's font.
-constexpr std::array<std::string_view, kCategories> kLabels = {
-    "World Records:", "World Class:", "Professional:", "Good:        ", "OK:           ", "Beginner: "};
+/// The blanks bring the TABs behind them into line in the text box's font.
+constexpr ByGrade<std::string_view> kLabels = {
+    {"World Records:", "World Class:", "Professional:", "Good:        ", "OK:           ", "Beginner: "}};
 constexpr std::string_view kVictoriesLabel = "Victories:  ";
 
 std::string line(std::string_view label, int number)
@@ -32,8 +32,7 @@ std::array<int, kStatisticsBars> statisticsFigures(const ResultsState& state, Si
 std::string statisticsText(const ResultsState& state, Side side)
 {
     std::string text = "Your statistics: ";
-    for (const Grade& grade : grades())
-        text += line(kLabels.at(static_cast<std::size_t>(grade.category)), state.counter(side, grade.category));
+    for (const Grade& grade : grades()) text += line(kLabels[grade.category], state.counter(side, grade.category));
     return text + line(kVictoriesLabel, state.victories(side));
 }
 

@@ -10,16 +10,6 @@
 
 using kavo::Side;
 
-namespace {
-
-/// A caption in which an ampersand is only that.
-QString plainCaption(const std::string& name)
-{
-    return kavo::toScreen(name, kavo::kLongestCaption).replace("&", "&&");
-}
-
-}  // namespace
-
 Form6::Form6(const kavo::Services& services, QWidget* parent)
     : SecondaryWindow(services, parent), ui(std::make_unique<Ui::Form6>())
 {
@@ -43,9 +33,9 @@ void Form6::Form_Load()
     show(Side::Player1);
     fitText();
     spreadBars();
-    ui->Option1->setText(plainCaption(session().state.Player1Name));
-    ui->Option2->setText(plainCaption(session().state.Player2Name));
-    ui->Option3->setText(plainCaption(session().state.TeamName));
+    ui->Option1->setText(kavo::captionToScreen(session().state.Player1Name));
+    ui->Option2->setText(kavo::captionToScreen(session().state.Player2Name));
+    ui->Option3->setText(kavo::captionToScreen(session().state.TeamName));
     applyColours();
 }
 

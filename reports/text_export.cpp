@@ -5,7 +5,6 @@
 #include "core/level_time.h"
 #include "reports/report_file.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -25,12 +24,11 @@ constexpr std::string_view kHeader =
     "Target2             Difference  "
     "Team Time    Target\r\n";
 
-/// By grade, best first.
-constexpr std::array<std::string_view, kCategories> kCountLabels = {
-    "World Records: ", "World Class: ", "Professional: ", "Good: ", "OK: ", "Beginner: "};
+constexpr ByGrade<std::string_view> kCountLabels = {
+    {"World Records: ", "World Class: ", "Professional: ", "Good: ", "OK: ", "Beginner: "}};
 
-/// Levels per grade, best first.
-using Counts = std::array<std::int32_t, kCategories>;
+/// Levels per grade.
+using Counts = ByGrade<std::int32_t>;
 
 /// What the report works out about the team on its way through the rows.
 struct TeamRecord
@@ -50,7 +48,7 @@ std::string nameCell(std::string_view name)
 std::string countTeam(TeamRecord& team, const Session& session, int row)
 {
     const std::string& time = fasterTime(session.table, row);
-    ++team.counts.at(static_cast<std::size_t>(gradeReached(session.state, row, time).category));
+    ++team.counts[gradeReached(session.state, row, time).category];
     if (row == kTotalsRow) return team.total;
     team.total = AddTime(team.total, time);
     return time;
@@ -72,8 +70,7 @@ std::string rowLine(const Session& session, int row, const std::string& teamTime
 Counts countsOf(const ResultsState& state, Side side)
 {
     Counts counts{};
-    for (const Grade& grade : grades())
-        counts.at(static_cast<std::size_t>(grade.category)) = state.counter(side, grade.category);
+    for (const Grade& grade : grades()) counts[grade.category] = state.counter(side, grade.category);
     return counts;
 }
 
@@ -81,8 +78,8 @@ void writeBlock(ReportLines& report, const ResultsState& state, Side side, const
 {
     report.write(kLineEnd);
     report.write(state.name(side));
-    for (std::size_t i = 0; i < counts.size(); ++i)
-        report.write(std::string(kCountLabels.at(i)) + std::to_string(counts.at(i)));
+    for (const Grade& grade : grades())
+        report.write(std::string(kCountLabels[grade.category]) + std::to_string(counts[grade.category]));
     report.write("Victories: " + std::to_string(state.victories(side)));
 }
 

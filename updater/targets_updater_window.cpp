@@ -91,7 +91,7 @@ void Form7::Command2_Click()
     showStatus("Connecting...");
     ui->pgb->setValue(0);
     takeProgressStep();
-    const auto address = kavo::recordsPageAddress(session().recordsHost);
+    const auto address = kavo::recordsPageAddress(m_recordsHost);
     inet1->execute(QUrl(kavo::toScreen(address)), kOperation);
     QTimer::singleShot(0, this, &Form7::showWaiting);
 }

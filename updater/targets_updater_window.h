@@ -5,6 +5,7 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <utility>
 
 class QTimer;
 
@@ -41,6 +42,9 @@ public:
           std::chrono::milliseconds parsingDelay, QWidget* parent);
     ~Form7() override;
 
+    /// Another host of the page, or its base address; an empty text is the default one.
+    void useRecordsHost(std::string host) { m_recordsHost = std::move(host); }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -62,6 +66,7 @@ private:
     std::unique_ptr<kavo::Transfer> inet1;
     QTimer* Timer1;
     QTimer* Timer2;
+    std::string m_recordsHost;
     bool m_hasFailed = false;  ///< the latest transfer has
     std::string m_page;        ///< everything received since the window was opened
 };

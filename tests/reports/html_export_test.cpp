@@ -99,22 +99,23 @@ class HtmlExportFile : public testing::Test
 protected:
     void expectFailure(const std::filesystem::path& path)
     {
-        EXPECT_THROW(exportHtml(session, {"a", "b", "c", "d"}, 0, path), RunTimeError);
+        EXPECT_THROW(reports.write(session, {"a", "b", "c", "d"}, 0, path), RunTimeError);
     }
 
     test::TemporaryFolder folder;
     Session session = reportSession();
+    HtmlReports reports;
 };
 
 TEST_F(HtmlExportFile, ReplacesTheFile)
 {
     folder.write("report.html", "old");
-    exportHtml(session, {"%team%", "", "", "end"}, 0, folder / "report.html");
+    reports.write(session, {"%team%", "", "", "end"}, 0, folder / "report.html");
     const std::string report = folder.read("report.html");
     EXPECT_TRUE(report.starts_with("<!-- Maden by prog"));
     EXPECT_TRUE(report.ends_with("\r\nend\r\n"));
     EXPECT_NE(report.find("\r\nDust Devils\r\n"), std::string::npos);
-    exportHtml(session, {}, 0, folder / "report.html");
+    reports.write(session, {}, 0, folder / "report.html");
     EXPECT_EQ(folder.read("report.html").find("Dust Devils"), std::string::npos);
 }
 
@@ -122,7 +123,7 @@ TEST_F(HtmlExportFile, PathThatCannotBeOpenedFailsThisTimeOnly)
 {
     expectFailure(folder / "none/report.html");
     expectFailure(folder.path());
-    exportHtml(session, {}, 0, folder / "report.html");
+    reports.write(session, {}, 0, folder / "report.html");
     EXPECT_TRUE(folder.has("report.html"));
 }
 

@@ -35,7 +35,7 @@ class HtmlExportWindow : public kavo::test::ReportWindowTest
 protected:
     void SetUp() override
     {
-        window = std::make_unique<Form11>(services, nullptr);
+        window = std::make_unique<Form11>(services, reports, nullptr);
         showAndWait(*window);
     }
 
@@ -80,6 +80,7 @@ protected:
         QTest::keyClick(list, Qt::Key_Return);
     }
 
+    kavo::HtmlReports reports;
     std::unique_ptr<Form11> window;
 };
 
@@ -196,7 +197,7 @@ TEST_F(HtmlExportWindow, TemplatesAreLookedForAmongTheSuppliedOnesThenWhereTheLa
     EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("templates"));
     save();
     EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("mine"));
-    window = std::make_unique<Form11>(services, nullptr);
+    window = std::make_unique<Form11>(services, reports, nullptr);
     showAndWait(*window);
     load(nullptr);
     EXPECT_EQ(QString(prompts.startOfLastFileDialog() + "/saved.ett"), inFolder("saved.ett")) << "where it was saved";
@@ -240,7 +241,7 @@ TEST_F(HtmlExportWindow, ExportThatBrokeOffFailsAllLaterOnesAlsoInANewWindow)
 {
     exportTo("/dev/full", "Failed");
     exportTo(inFolder("r.html"), "Failed");
-    window = std::make_unique<Form11>(services, nullptr);
+    window = std::make_unique<Form11>(services, reports, nullptr);
     showAndWait(*window);
     exportTo(inFolder("r.html"), "Failed");
     EXPECT_FALSE(folder.has("r.html"));
@@ -256,7 +257,7 @@ TEST_F(HtmlExportWindow, SavedTemplateComesBackAndASecondLoadingDoublesIt)
     QTest::keyClicks(&box("Text5"), " end ");
     const std::string file = save();
     EXPECT_EQ(file, "one\r\ntwo\r\n%template2%\r\n%lev_name%\r\n%template3%\r\n\r\n%template4%\r\n end \r\n");
-    window = std::make_unique<Form11>(services, nullptr);
+    window = std::make_unique<Form11>(services, reports, nullptr);
     showAndWait(*window);
     load("saved.ett");
     EXPECT_EQ(texts(), (QStringList{"one\ntwo", "%lev_name%", "", " end "}));

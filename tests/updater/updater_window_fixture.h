@@ -118,7 +118,7 @@ protected:
     /// Presses "Update!". The host may be a base address, too.
     void pressUpdate(const QString& host)
     {
-        session.recordsHost = host.toStdString();
+        window->useRecordsHost(host.toStdString());
         click(update());
     }
     void pressUpdate(const PageServer& server) { pressUpdate(server.host()); }

@@ -4,6 +4,7 @@
 #include "core/loading.h"
 #include "forms/background_task.h"
 #include "forms/services.h"
+#include "reports/html_export.h"
 #include "reports/spreadsheet.h"
 #include "ui/main/layout_keeper.h"
 #include "ui/main/results_model.h"
@@ -13,6 +14,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -59,6 +61,9 @@ public:
 
     /// Puts another spreadsheet application in place of the platform's.
     void setSpreadsheet(kavo::CreateSpreadsheet create) { m_createSpreadsheet = std::move(create); }
+
+    /// Another host for the world-records page; an empty text is the default one.
+    void useRecordsHost(std::string host) { m_recordsHost = std::move(host); }
 
     // Menu entries and keys (table: popup_menu.cpp, what they do: main_window_menu.cpp)
     void mnuUpTargets_Click();
@@ -133,6 +138,8 @@ private:
     kavo::LayoutKeeper m_layout;
     kavo::CreateSpreadsheet m_createSpreadsheet;
     kavo::BackgroundTask m_export;  ///< to the spreadsheet application
+    kavo::HtmlReports m_htmlReports;
+    std::string m_recordsHost;  ///< empty for the default one
     std::unique_ptr<QMenu> popup;
     bool LayoutLoaded = false;  ///< from then on resizing is the user's and is kept
     bool m_isLoading = false;

@@ -19,7 +19,9 @@
 
 void Form1::mnuUpTargets_Click()
 {
-    Form7(m_services, this).exec();
+    Form7 window(m_services, this);
+    window.useRecordsHost(m_recordsHost);
+    window.exec();
     // Also when nothing was updated: the entry has always loaded the results anew.
     reload();
 }
@@ -62,7 +64,7 @@ void Form1::mnuLevsStats_Click()
 
 void Form1::mnuHTML_Click()
 {
-    Form11(m_services, this).exec();
+    Form11(m_services, m_htmlReports, this).exec();
 }
 
 void Form1::mnuExport_Click()

@@ -45,8 +45,7 @@ void removeAll(QListWidget& list)
 
 QString captionFor(const std::string& player)
 {
-    // A frame takes "&" for the mark of an access key.
-    return "List of bug-times for " + toScreen(player, kavo::kLongestCaption).replace('&', "&&");
+    return "List of bug-times for " + kavo::captionToScreen(player);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 
 #include <QKeyEvent>
 
+using kavo::ColourLine;
 using kavo::toScreen;
 
 namespace {
@@ -104,8 +105,9 @@ void Form3::showColours()
 }
 
 // lCol, Label10 to Label14: pick a colour
-void Form3::pickColour(std::size_t line)
+void Form3::pickColour(ColourLine which)
 {
+    const auto line = static_cast<std::size_t>(which);
     kavo::Colour& colour = m_colours.*kavo::kColourLines.at(line);
     const QColor current = kavo::toQColor(colour);
     const QColor chosen = services().prompts.askColour(this, current);
@@ -116,32 +118,32 @@ void Form3::pickColour(std::size_t line)
 
 void Form3::lCol_Click(int index)
 {
-    pickColour(static_cast<std::size_t>(index));
+    pickColour(static_cast<ColourLine>(index));
 }
 
 void Form3::Label10_Click()  // World Record
 {
-    pickColour(4);
+    pickColour(ColourLine::WorldRecord);
 }
 
 void Form3::Label11_Click()  // World Class
 {
-    pickColour(5);
+    pickColour(ColourLine::WorldClass);
 }
 
 void Form3::Label12_Click()  // Professional
 {
-    pickColour(6);
+    pickColour(ColourLine::Professional);
 }
 
 void Form3::Label13_Click()  // Good
 {
-    pickColour(7);
+    pickColour(ColourLine::Good);
 }
 
 void Form3::Label14_Click()  // OK
 {
-    pickColour(8);
+    pickColour(ColourLine::OK);
 }
 
 // Command2, Command3: write the colours in force

@@ -66,7 +66,7 @@ private:
     [[nodiscard]] std::string schemeAt(int item) const;
     void upgradeColours();
     void showColours();
-    void pickColour(std::size_t line);
+    void pickColour(kavo::ColourLine which);
     void saveAndReload(const kavo::ColourSet& colours);
 
     std::unique_ptr<Ui::Form3> ui;
