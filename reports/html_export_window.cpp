@@ -53,19 +53,19 @@ Form11::~Form11() = default;
 
 void Form11::wire()
 {
-    kavo::on(ui->Combo1, &QComboBox::activated, this, &Form11::Combo1_Click);
-    kavo::on(ui->Combo2, &QComboBox::activated, this, &Form11::Combo2_Click);
-    kavo::on(ui->Combo3, &QComboBox::activated, this, &Form11::Combo3_Click);
-    kavo::on(ui->Combo4, &QComboBox::activated, this, &Form11::Combo4_Click);
-    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form11::Command1_Click);
-    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form11::Command2_Click);
-    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form11::close);
-    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form11::Command4_Click);
-    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form11::Command5_Click);
-    kavo::on(ui->Command6, &QPushButton::clicked, this, &Form11::Command6_Click);
-    kavo::on(ui->Command7, &QPushButton::clicked, this, &Form11::Command7_Click);
-    kavo::on(ui->Command8, &QPushButton::clicked, this, &Form11::Command8_Click);
-    kavo::on(ui->Command9, &QPushButton::clicked, this, &Form11::Command9_Click);
+    kavo::on(ui->Combo1, &QComboBox::activated, this, &Form11::Combo1_Click);      // for the loop
+    kavo::on(ui->Combo2, &QComboBox::activated, this, &Form11::Combo2_Click);      // for the total
+    kavo::on(ui->Combo3, &QComboBox::activated, this, &Form11::Combo3_Click);      // for the beginning
+    kavo::on(ui->Combo4, &QComboBox::activated, this, &Form11::Combo4_Click);      // for the ending
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form11::Command1_Click);  // browse
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form11::Command2_Click);  // save the template
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form11::close);           // close
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form11::Command4_Click);  // export
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form11::Command5_Click);  // load a template
+    kavo::on(ui->Command6, &QPushButton::clicked, this, &Form11::Command6_Click);  // into the total
+    kavo::on(ui->Command7, &QPushButton::clicked, this, &Form11::Command7_Click);  // into the beginning
+    kavo::on(ui->Command8, &QPushButton::clicked, this, &Form11::Command8_Click);  // into the ending
+    kavo::on(ui->Command9, &QPushButton::clicked, this, &Form11::Command9_Click);  // into the loop
 }
 
 void Form11::useFixedFont()

@@ -40,12 +40,12 @@ Form10::~Form10() = default;
 
 void Form10::wire()
 {
-    kavo::on(ui->Combo1, &QComboBox::currentIndexChanged, this, &Form10::Combo1_Click);
-    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form10::Command1_Click);
-    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form10::Command2_Click);
-    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form10::Command3_Click);
-    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form10::Command4_Click);
-    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form10::close);
+    kavo::on(ui->Combo1, &QComboBox::currentIndexChanged, this, &Form10::Combo1_Click);  // level
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form10::Command1_Click);        // next
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form10::Command2_Click);        // previous
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form10::Command3_Click);        // first
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form10::Command4_Click);        // whole set
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form10::close);                 // close
 }
 
 void Form10::Form_Load()

@@ -22,10 +22,10 @@ Form6::~Form6() = default;
 
 void Form6::wire()
 {
-    kavo::on(ui->Option1, &QRadioButton::toggled, this, &Form6::Option1_Click);
-    kavo::on(ui->Option2, &QRadioButton::toggled, this, &Form6::Option2_Click);
-    kavo::on(ui->Option3, &QRadioButton::toggled, this, &Form6::Option3_Click);
-    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form6::close);
+    kavo::on(ui->Option1, &QRadioButton::toggled, this, &Form6::Option1_Click);  // player 1
+    kavo::on(ui->Option2, &QRadioButton::toggled, this, &Form6::Option2_Click);  // player 2
+    kavo::on(ui->Option3, &QRadioButton::toggled, this, &Form6::Option3_Click);  // team
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form6::close);          // close
 }
 
 void Form6::Form_Load()

@@ -41,9 +41,9 @@ Form9::~Form9() = default;
 
 void Form9::wire()
 {
-    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form9::Command1_Click);
-    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form9::Command2_Click);
-    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form9::Command3_Click);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form9::Command1_Click);  // browse
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form9::Command2_Click);  // export
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form9::Command3_Click);  // close
 }
 
 // Command1: choose the path

@@ -51,10 +51,10 @@ Form7::~Form7() = default;
 
 void Form7::wire()
 {
-    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form7::Command1_Click);
-    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form7::Command2_Click);
-    kavo::on(inet1.get(), &kavo::Transfer::stateChanged, this, &Form7::inet1_StateChanged);
-    kavo::on(Timer1, &QTimer::timeout, this, &Form7::Timer1_Timer);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form7::Command1_Click);             // close
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form7::Command2_Click);             // update
+    kavo::on(inet1.get(), &kavo::Transfer::stateChanged, this, &Form7::inet1_StateChanged);  // transfer
+    kavo::on(Timer1, &QTimer::timeout, this, &Form7::Timer1_Timer);                          // parsing
 }
 
 void Form7::Form_Load()

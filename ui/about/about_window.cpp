@@ -45,8 +45,8 @@ frmAbout::~frmAbout() = default;
 
 void frmAbout::wire()
 {
-    kavo::on(ui->cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);
-    kavo::on(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
+    kavo::on(ui->cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);            // close
+    kavo::on(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);  // about the system
     for (QLabel* link : {ui->Label1, ui->Label2, ui->Label3}) link->installEventFilter(this);
 }
 

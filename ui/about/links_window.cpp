@@ -22,13 +22,13 @@ Form4::~Form4() = default;
 
 void Form4::wire()
 {
-    kavo::on(ui->List1, &QListWidget::itemDoubleClicked, this, &Form4::List1_DblClick);
+    kavo::on(ui->List1, &QListWidget::itemDoubleClicked, this, &Form4::List1_DblClick);  // addresses
     for (const int key : {Qt::Key_Return, Qt::Key_Enter})
         kavo::on(new QShortcut(key, ui->List1, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
                  &Form4::List1_DblClick);
     kavo::on(ui->List1, &QListWidget::currentRowChanged, this, [this](int row) { select(*ui->List2, row); });
     kavo::on(ui->List2, &QListWidget::currentRowChanged, this, [this](int row) { select(*ui->List1, row); });
-    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form4::Command2_Click);
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form4::Command2_Click);  // close
 }
 
 void Form4::Form_Load()

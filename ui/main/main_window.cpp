@@ -74,7 +74,7 @@ Form1::~Form1() = default;
 
 void Form1::wire()
 {
-    kavo::on(ui->lv->header(), &QHeaderView::sectionClicked, this, &Form1::lv_ColumnClick);
+    kavo::on(ui->lv->header(), &QHeaderView::sectionClicked, this, &Form1::lv_ColumnClick);  // results
     connect(ui->lv->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { m_services.session.table.selectRow(current.row() + 1); });
     ui->lv->installEventFilter(this);

@@ -63,16 +63,16 @@ Form8::~Form8() = default;
 
 void Form8::wire()
 {
-    kavo::on(ui->List1, &QListWidget::itemSelectionChanged, this, &Form8::List1_Click);
-    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form8::Command1_Click);
-    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form8::Command2_Click);
-    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form8::Command3_Click);
-    kavo::on(ui->List2, &QListWidget::itemSelectionChanged, this, &Form8::List2_Click);
-    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form8::Command4_Click);
-    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form8::Command5_Click);
-    kavo::on(ui->Command6, &QPushButton::clicked, this, &Form8::Command6_Click);
-    kavo::on(ui->Command7, &QPushButton::clicked, this, &Form8::Command7_Click);
-    kavo::on(ui->Command8, &QPushButton::clicked, this, &Form8::close);
+    kavo::on(ui->List1, &QListWidget::itemSelectionChanged, this, &Form8::List1_Click);  // entries of player 1
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form8::Command1_Click);         // add one
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form8::Command2_Click);         // remove it
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form8::Command3_Click);         // clear all
+    kavo::on(ui->List2, &QListWidget::itemSelectionChanged, this, &Form8::List2_Click);  // entries of player 2
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form8::Command4_Click);         // add one
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form8::Command5_Click);         // remove it
+    kavo::on(ui->Command6, &QPushButton::clicked, this, &Form8::Command6_Click);         // clear all
+    kavo::on(ui->Command7, &QPushButton::clicked, this, &Form8::Command7_Click);         // save
+    kavo::on(ui->Command8, &QPushButton::clicked, this, &Form8::close);                  // close
 }
 
 void Form8::Form_Load()

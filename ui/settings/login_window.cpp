@@ -62,9 +62,9 @@ void frmLogin::makeControls()
 
 void frmLogin::wire()
 {
-    kavo::on(ui->Combo1, &QComboBox::currentTextChanged, this, &frmLogin::Combo1_Change);
-    kavo::on(ui->cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
-    kavo::on(ui->cmdCancel, &QPushButton::clicked, this, &frmLogin::cmdCancel_Click);
+    kavo::on(ui->Combo1, &QComboBox::currentTextChanged, this, &frmLogin::Combo1_Change);  // nick
+    kavo::on(ui->cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);              // log in
+    kavo::on(ui->cmdCancel, &QPushButton::clicked, this, &frmLogin::cmdCancel_Click);      // end the program
 }
 
 void frmLogin::Form_Load()

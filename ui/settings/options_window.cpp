@@ -31,14 +31,14 @@ Form2::~Form2() = default;
 
 void Form2::wire()
 {
-    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form2::Command1_Click);
-    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form2::Command2_Click);
-    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form2::Command3_Click);
-    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form2::Command4_Click);
-    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form2::Command5_Click);
-    kavo::on(ui->Option1, &QRadioButton::toggled, this, &Form2::Option1_Click);
-    kavo::on(ui->Option2, &QRadioButton::toggled, this, &Form2::Option2_Click);
-    kavo::on(ui->Option3, &QRadioButton::toggled, this, &Form2::Option3_Click);
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form2::Command1_Click);  // browse for the game's file
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form2::Command2_Click);  // browse for another file
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form2::Command3_Click);  // save
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form2::Command4_Click);  // close
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form2::Command5_Click);  // clear the previous results
+    kavo::on(ui->Option1, &QRadioButton::toggled, this, &Form2::Option1_Click);   // with previous results
+    kavo::on(ui->Option2, &QRadioButton::toggled, this, &Form2::Option2_Click);   // with another file
+    kavo::on(ui->Option3, &QRadioButton::toggled, this, &Form2::Option3_Click);   // with targets
 }
 
 void Form2::Form_Load()

@@ -41,18 +41,18 @@ void Form3::wire()
     for (int index = 0; index < kavo::kWindowColours; ++index)
         kavo::on(m_swatches.at(static_cast<std::size_t>(index)), &kavo::Swatch::clicked, this,
                  [this, index] { lCol_Click(index); });
-    kavo::on(ui->Label10, &kavo::Swatch::clicked, this, &Form3::Label10_Click);
-    kavo::on(ui->Label11, &kavo::Swatch::clicked, this, &Form3::Label11_Click);
-    kavo::on(ui->Label12, &kavo::Swatch::clicked, this, &Form3::Label12_Click);
-    kavo::on(ui->Label13, &kavo::Swatch::clicked, this, &Form3::Label13_Click);
-    kavo::on(ui->Label14, &kavo::Swatch::clicked, this, &Form3::Label14_Click);
-    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form3::Command1_Click);
-    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form3::Command2_Click);
-    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form3::Command3_Click);
-    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form3::close);
-    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form3::Command5_Click);
-    kavo::on(ui->Command6, &QPushButton::clicked, this, &Form3::Command6_Click);
-    kavo::on(ui->cmbSheme, &QComboBox::currentIndexChanged, this, &Form3::cmbSheme_Click);
+    kavo::on(ui->Label10, &kavo::Swatch::clicked, this, &Form3::Label10_Click);             // World Record
+    kavo::on(ui->Label11, &kavo::Swatch::clicked, this, &Form3::Label11_Click);             // World Class
+    kavo::on(ui->Label12, &kavo::Swatch::clicked, this, &Form3::Label12_Click);             // Professional
+    kavo::on(ui->Label13, &kavo::Swatch::clicked, this, &Form3::Label13_Click);             // Good
+    kavo::on(ui->Label14, &kavo::Swatch::clicked, this, &Form3::Label14_Click);             // OK
+    kavo::on(ui->Command1, &QPushButton::clicked, this, &Form3::Command1_Click);            // apply the font size
+    kavo::on(ui->Command2, &QPushButton::clicked, this, &Form3::Command2_Click);            // save
+    kavo::on(ui->Command3, &QPushButton::clicked, this, &Form3::Command3_Click);            // default colours
+    kavo::on(ui->Command4, &QPushButton::clicked, this, &Form3::close);                     // close
+    kavo::on(ui->Command5, &QPushButton::clicked, this, &Form3::Command5_Click);            // set the scheme
+    kavo::on(ui->Command6, &QPushButton::clicked, this, &Form3::Command6_Click);            // save a scheme
+    kavo::on(ui->cmbSheme, &QComboBox::currentIndexChanged, this, &Form3::cmbSheme_Click);  // schemes
     ui->Text1->installEventFilter(this);
     ui->Text2->installEventFilter(this);
 }
