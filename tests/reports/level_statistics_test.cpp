@@ -1,5 +1,8 @@
 #include "reports/level_statistics.h"
 
+#include "base/text_file.h"
+#include "tests/support/places.h"
+#include "tests/support/program_folder_fixture.h"
 #include "tests/support/report_session.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +35,37 @@ std::vector<int> order(const BarPlaces& places)
     return result;
 }
 
+/// All levels one after the other, as tests/oracle/reports.py states them.
+std::string statement(const Session& session)
+{
+    std::string text;
+    BarPlaces places;
+    for (int level = 1; level <= kTotalsRow; ++level) {
+        const LevelBars shown = barsOfLevel(session, level);
+        places.AutoSwap(shown);
+        std::string line = std::to_string(level) + " " + std::to_string(shown.maximum) + " ";
+        for (const LevelBar& bar : shown.bars) line += bar.time + "=" + std::to_string(bar.length) + " ";
+        for (const int bar : order(places)) line += std::to_string(bar);
+        text += asLine(line);
+    }
+    return text;
+}
+
 using Numbers = std::vector<int>;
+
+TEST(LevelStatistics, OfTheDemoAreWhatTheOracleStates)
+{
+    for (const auto& [user, golden] : {std::pair{"Marek", "marek"}, std::pair{"Жанна", "zhanna"}}) {
+        const test::TemporaryFolder folder;
+        test::copyDemo(folder);
+        Session session;
+        session.programFolder = folder.path();
+        test::HostRecord host;
+        ASSERT_EQ(load(session, host, {.user = user}).error, "");
+        const std::string name = std::string("tests/golden/") + golden + "-levels.txt";
+        EXPECT_EQ(statement(session), readFile(test::sourceFolder() / name));
+    }
+}
 
 TEST(LevelStatistics, MilSecCountsHundredthsAsText)
 {
