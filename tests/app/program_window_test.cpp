@@ -5,7 +5,6 @@
 #include <QHeaderView>
 #include <QProcess>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTimer>
 
 #include <new>
@@ -137,7 +136,6 @@ TEST_F(ProgramWindows, SecondProgramOnTheSameFolderEndsItself)
     startLoggedIn();
     kavo::test::ScriptedPrompts noPrompts;
     kavo::Program second(folder.path(), noPrompts);
-    QSignalSpy quits(qApp, &QCoreApplication::aboutToQuit);
     QTimer::singleShot(0, &second, &kavo::Program::start);
     testing::internal::CaptureStderr();
     const int status = runUntilQuit();

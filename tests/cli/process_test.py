@@ -300,6 +300,45 @@ class CodePages(Processes):
         self.assertIn("--code-page <NAME>", run("--help").stdout.decode())
 
 
+class DesktopProgram(Processes):
+    """What it answers before it has a window."""
+
+    def setUp(self):
+        super().setUp()
+        if DESKTOP is None:
+            self.skipTest("built without the desktop program")
+
+    def run_desktop(self, *options, **changes):
+        """Without a display, unless the environment names a platform."""
+        bare = {name: value for name, value in environment().items() if name != "QT_QPA_PLATFORM"}
+        return subprocess.run([DESKTOP, *options], env=bare | changes, stdin=subprocess.DEVNULL, capture_output=True,
+                              timeout=TIME_LIMIT, check=False)
+
+    def test_version_is_answered_without_a_display(self):
+        done = self.run_desktop("--version")
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        self.assertEqual(done.stdout, b"Kavo Timing 2.1 build 73\n")
+
+    def test_help_is_answered_without_a_display_and_names_every_option(self):
+        answers = [self.run_desktop(name) for name in ("--help", "-h")]
+        self.assertEqual([done.returncode for done in answers], [0, 0])
+        self.assertEqual(answers[0].stdout, answers[1].stdout)
+        text = answers[0].stdout.decode()
+        self.assertTrue(text.startswith("Usage: kavo-timing [options]\n"), text)
+        for part in ("--program-folder <DIR>", "--records-host <HOST[:PORT]>", "--code-page <NAME>", "--version",
+                     "KAVO_PROGRAM_FOLDER", "KAVO_RECORDS_HOST", "KAVO_CODE_PAGE"):
+            self.assertIn(part, text)
+        self.assertNotIn("quit-after-first-paint", text)
+
+    def test_wrong_arguments_are_told_with_the_usage(self):
+        for arguments, reason in ((["--nonsense"], "Unknown option 'nonsense'."), (["Marek"], "Unexpected argument."),
+                                  (["--help", "Marek"], "Unexpected argument."),
+                                  (["--program-folder"], "Missing value after '--program-folder'.")):
+            done = self.run_desktop(*arguments, QT_QPA_PLATFORM="offscreen")
+            self.assertEqual((done.returncode, done.stdout), (2, b""), arguments)
+            self.assertIn(f"{reason}\nUsage: ", done.stderr.decode())  # Qt may have words of its own before
+
+
 if __name__ == "__main__":
     SOURCE, CLI = pathlib.Path(sys.argv[1]), os.path.abspath(sys.argv[2])
     DESKTOP = os.path.abspath(sys.argv[3]) if len(sys.argv) > 3 else None

@@ -24,6 +24,10 @@ Session sessionWithAuthors(const char* author)
 TEST(PlayerNames, BelongToThreeHeaders)
 {
     ResultsState state;
+    for (int i = 0; i < kColumns; ++i) {
+        const auto column = static_cast<Column>(i);
+        EXPECT_EQ(isNameHeader(column), nameOfHeader(state, column) != nullptr) << i;
+    }
     EXPECT_EQ(nameOfHeader(state, Column::Time1), &state.Player1Name);
     EXPECT_EQ(nameOfHeader(state, Column::Time2), &state.Player2Name);
     EXPECT_EQ(nameOfHeader(state, Column::Team), &state.TeamName);
