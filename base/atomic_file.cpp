@@ -24,21 +24,6 @@ constexpr std::size_t kBufferSize = 1U << 16U;
 constexpr std::string_view kTemporaryStart = ".kavo-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
 
-/// Makes a rename survive a power cut, where the file system can do it.
-std::error_code flushFolder([[maybe_unused]] const fs::path& folder)
-{
-#ifdef _WIN32
-    return {};
-#else
-    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return {};  // one that may not be listed
-    const bool isDone = ::fsync(descriptor) == 0 || (errno != EIO && errno != ENOSPC && errno != EDQUOT);
-    const std::error_code error = isDone ? std::error_code() : std::error_code(errno, std::generic_category());
-    ::close(descriptor);
-    return error;
-#endif
-}
-
 /// The file at the end of a chain of symbolic links, whether it is there or not.
 fs::path followLinks(fs::path path, std::error_code& error)
 {
@@ -99,6 +84,20 @@ void removeLeftovers(const fs::path& target)
 }
 
 }  // namespace
+
+std::error_code flushFolder([[maybe_unused]] const fs::path& folder)
+{
+#ifdef _WIN32
+    return {};
+#else
+    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return {};  // one that may not be listed
+    const bool isDone = ::fsync(descriptor) == 0 || (errno != EIO && errno != ENOSPC && errno != EDQUOT);
+    const std::error_code error = isDone ? std::error_code() : std::error_code(errno, std::generic_category());
+    ::close(descriptor);
+    return error;
+#endif
+}
 
 bool isTemporaryName(const fs::path& name)
 {

@@ -52,6 +52,9 @@ private:
     bool m_hasFailed = false;
 };
 
+/// Makes a rename inside the folder survive a power cut, where the file system can do it.
+[[nodiscard]] std::error_code flushFolder(const std::filesystem::path& folder);
+
 /// Whether a file of that name is a new one on its way, or was left behind by a program that was killed.
 [[nodiscard]] bool isTemporaryName(const std::filesystem::path& name);
 

@@ -1,5 +1,6 @@
 #include "core/program_folder.h"
 
+#include "base/atomic_file.h"
 #include "base/file_name.h"
 #include "base/run_time_error.h"
 #include "base/text_file.h"
@@ -49,6 +50,7 @@ void makeSupplied(const fs::path& folder, const fs::path& suppliedFiles)
     for (const std::string_view name : kSuppliedFiles)
         if (const auto content = readFileIfThere(suppliedFiles / name)) replaceFile(unfinished / name, *content);
     fs::rename(unfinished, folder, error);
+    if (!error) error = flushFolder(folder.parent_path());
     if (error) throw RunTimeError(error, folder);
 }
 
