@@ -19,6 +19,11 @@ for Windows, under Wine. The release is built, and clang-tidy reads what the bra
   --release        only the build of the programs as they are given away
   --windows        only the build for Windows
   --fuzz SECONDS   every fuzz target for so long
+  --fuzz COUNT runs [TARGET...]
+                   every fuzz target, or those named, on so many inputs
+  --faults [--sanitize] [OPTION...]
+                   killed at every step of every save, every system call failing, full disks, odd and huge files;
+                   with the sanitizers on request. Options are those of tests/faults/run.py (--help)
   --lint           clang-tidy over all sources
   --pages          web pages in a real browser (installs Chromium)
   --packages       makes the packages twice, compares, installs and starts them (as root; takes long)
@@ -172,18 +177,33 @@ all_stages() {
     [ -z "$display" ] || cat build-asan/display.log
 }
 
+# faults [--sanitize] OPTION...
+faults() {
+    local folder=build-faults
+    if [ "${1:-}" = --sanitize ]; then
+        shift
+        folder=build-asan
+        build_sanitized
+    else
+        build "$folder" --preset release -DKAVO_TESTS=ON
+    fi
+    python3 -B tests/faults/run.py "$folder" "$@"
+}
+
+# fuzz LIMIT TARGET...: the limit as the targets take it; without a name all of them.
 fuzz() {
-    local target name
+    local limit="$1" target name
+    shift
     install_packages fuzz
     build build-fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKAVO_FUZZ=ON -DKAVO_GUI=OFF \
         -DKAVO_TESTS=OFF -DKAVO_LIBREOFFICE=OFF
     while read -r target; do
         name="$(basename "$target")"
-        echo "== $name for $1 seconds"
+        [ "$#" -eq 0 ] || [[ " $* " == *" $name "* ]] || continue
+        echo "== $name $limit"
         mkdir -p "build-fuzz/corpus/$name"
-        set -- "$1" "build-fuzz/corpus/$name"
-        [ ! -d "fuzz/corpus/$name" ] || set -- "$@" "fuzz/corpus/$name"
-        "$target" -max_total_time="$1" -print_final_stats=1 -artifact_prefix=build-fuzz/ "${@:2}" 2>&1 | tail -8
+        "$target" "$limit" -print_final_stats=1 -artifact_prefix=build-fuzz/ "build-fuzz/corpus/$name" \
+            "fuzz/corpus/$name" 2>&1 | tail -8
     done < <(find build-fuzz/fuzz -maxdepth 1 -type f -executable | sort)
 }
 
@@ -206,7 +226,16 @@ case "${1:-}" in
         exit 2
     }
     install_packages run
-    fuzz "$2"
+    if [ "${3:-}" = runs ]; then
+        fuzz "-runs=$2" "${@:4}"
+    else
+        fuzz "-max_total_time=$2"
+    fi
+    exit
+    ;;
+--faults)
+    install_packages run test
+    faults "${@:2}"
     exit
     ;;
 "" | --quick | --sanitize | --coverage | --display | --release | --windows | --pages) ;;
