@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=tools/setup.sh
 . tools/setup.sh
-build=build-bench
+build="build-bench"
 configure "$build" -DCMAKE_BUILD_TYPE=Release -DKAVO_BENCH=ON
 targets=(kavo-timing kavo-timing-cli bare_window empty_program scan_file loading_bench reload_bench)
 if grep -qs spreadsheet_bench "$build/build.ninja"; then targets+=(spreadsheet_bench); fi
