@@ -1,6 +1,7 @@
 #include "base/atomic_file.h"
 
 #include "base/file_name.h"
+#include "base/rename_over.h"
 #include "base/run_time_error.h"
 #include "base/write_protection.h"
 
@@ -21,6 +22,7 @@ namespace kavo {
 namespace {
 
 constexpr std::size_t kBufferSize = 1U << 16U;
+constexpr int kMostAtOnce = 1000;  // programs that save one file at the same moment
 constexpr std::string_view kTemporaryStart = ".kavo-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
 
@@ -155,9 +157,8 @@ void AtomicFile::openTemporary()
 {
     if (m_file.isOpen()) return;
     removeLeftovers(m_target);
-    constexpr int kEnough = 1000;  // programs that save one file at the same moment
     std::error_code error;
-    for (int number = 0; number < kEnough && !m_file.isOpen(); ++number) {
+    for (int number = 0; number < kMostAtOnce && !m_file.isOpen(); ++number) {
         fs::path temporary = temporaryBeside(m_target, number);
         OpenFile file = OpenFile::newFile(temporary, error);
         if (error == std::errc::file_exists) continue;
@@ -209,9 +210,7 @@ void AtomicFile::commit(Flush flush)
     m_file.close();  // nothing that is open can be renamed there
 #endif
     // Elsewhere it is renamed while it is open: its lock keeps it from being taken for a leftover.
-    std::error_code error;
-    fs::rename(m_temporary, m_target, error);
-    failIf(error);
+    failIf(renameOver(m_temporary, m_target, temporaryBeside(m_target, kMostAtOnce)));
     m_temporary.clear();
     m_file.close();
     if (flush == Flush::ToDisk) failIf(flushFolder(m_target.parent_path()));

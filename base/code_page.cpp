@@ -192,7 +192,11 @@ std::span<const std::string_view> codePageNames()
 CodePage systemCodePage()
 {
 #ifdef _WIN32
-    return findCodePage(std::to_string(::GetACP())).value_or(windows1252());
+    // Not the process's own: the programs ask for UTF-8, which says nothing of the files that others have written.
+    DWORD number = 0;
+    ::GetLocaleInfoEx(LOCALE_NAME_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                      reinterpret_cast<LPWSTR>(&number), sizeof number / sizeof(wchar_t));
+    return findCodePage(std::to_string(number)).value_or(windows1252());
 #else
     return windows1252();
 #endif

@@ -3,6 +3,7 @@
 #include "base/run_time_error.h"
 #include "base/shown_text.h"
 #include "base/text.h"
+#include "base/windows_name.h"
 
 #include <algorithm>
 #include <optional>
@@ -102,6 +103,9 @@ fs::path locate(const fs::path& wanted)
 
 fs::path locateTyped(const fs::path& folder, std::string_view typed)
 {
+#ifdef _WIN32
+    if (!isWindowsPath(typed)) throw RunTimeError(Failure::PathNotFound, pathOf(typed));
+#endif
     fs::path asTyped = locate(folder / pathOf(typed));
     if (isThere(asTyped) || typed.find('\\') == std::string_view::npos) return asTyped;
     std::string slashed(typed);
@@ -122,6 +126,9 @@ bool folderExists(const fs::path& path)
 
 bool isPlainName(std::string_view text)
 {
+#ifdef _WIN32
+    if (!text.empty() && !isWindowsName(text)) return false;
+#endif
     constexpr std::string_view kForbidden{"/\\\0", 3};
     return text.find_first_of(kForbidden) == std::string_view::npos && text != "." && text != "..";
 }

@@ -17,7 +17,8 @@ namespace kavo {
 [[nodiscard]] std::filesystem::path locate(const std::filesystem::path& wanted);
 
 /// The file that a path typed by the user names: a relative path counts from `folder`; backslashes
-/// serve as separators where no file is spelled with them.
+/// serve as separators where no file is spelled with them. On Windows it throws RunTimeError(PathNotFound) for a path
+/// that leads to a device or depends on where a drive stands (isWindowsPath).
 [[nodiscard]] std::filesystem::path locateTyped(const std::filesystem::path& folder, std::string_view typed);
 
 /// Whether an ordinary file stands there (folders, pipes and devices do not count). Both throw RunTimeError
@@ -25,7 +26,8 @@ namespace kavo {
 [[nodiscard]] bool fileExists(const std::filesystem::path& path);
 [[nodiscard]] bool folderExists(const std::filesystem::path& path);
 
-/// Whether a text typed by the user can name one entry of a folder: no separator, no NUL, not "." or "..".
+/// Whether a text typed by the user can name one entry of a folder: no separator, no NUL, not "." or "..". On Windows
+/// also nothing that is a device or another name there (isWindowsName).
 [[nodiscard]] bool isPlainName(std::string_view text);
 
 }  // namespace kavo

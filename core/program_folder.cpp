@@ -34,8 +34,8 @@ std::optional<std::string> environmentValue(const char* name)
 
 fs::path dataHomeOf(const ProgramFolderSources& sources)
 {
-    if (sources.dataHome && fs::path(*sources.dataHome).is_absolute()) return *sources.dataHome;
-    if (sources.home) return fs::path(*sources.home) / ".local" / "share";
+    if (sources.dataHome && pathOf(*sources.dataHome).is_absolute()) return pathOf(*sources.dataHome);
+    if (sources.home) return pathOf(*sources.home) / ".local" / "share";
     throw RunTimeError(Failure::PathNotFound, fs::path(kFolderName));
 }
 

@@ -7,7 +7,10 @@
 #include <csignal>
 #include <set>
 #include <sstream>
+
+#ifndef _WIN32
 #include <unistd.h>
+#endif
 
 namespace kavo {
 
@@ -179,6 +182,8 @@ TEST_F(CommandLine, IncompleteCallsSayWhatIsMissing)
     }
 }
 
+#ifndef _WIN32  // where there are no such devices and no such signal
+
 TEST_F(CommandLine, FullDiskUnderStandardOutputIsTold)
 {
     std::FILE* out = std::fopen("/dev/full", "w");
@@ -201,6 +206,8 @@ TEST_F(CommandLine, ReaderThatLeftIsNoError)
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.error, "");
 }
+
+#endif
 
 TEST_F(CommandLine, MissingProgramFolderIsAnError)
 {

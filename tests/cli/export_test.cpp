@@ -1,5 +1,6 @@
 #include "base/text_file.h"
 #include "tests/support/command_line.h"
+#include "tests/support/environment.h"
 #include "tests/support/places.h"
 
 #include <gtest/gtest.h>
@@ -19,11 +20,7 @@ namespace {
 class Export : public testing::Test
 {
 protected:
-    Export()
-    {
-        ::setenv("LC_ALL", "C", 1);
-        kavo::test::copyDemo(folder);
-    }
+    Export() { kavo::test::copyDemo(folder); }
 
     Outcome run(std::vector<std::string> arguments, const std::string& user = "Marek")
     {
@@ -40,6 +37,7 @@ protected:
         return (kavo::test::sourceFolder() / "data/templates" / (name + ".ett")).string();
     }
 
+    const kavo::test::EnvironmentValue plainLocale{"LC_ALL", "C"};
     TemporaryFolder folder;
 };
 

@@ -1,11 +1,11 @@
 #include "core/program_folder.h"
 
 #include "base/run_time_error.h"
+#include "tests/support/environment.h"
 #include "tests/support/program_folder_fixture.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <vector>
 
 #ifndef _WIN32
@@ -19,6 +19,7 @@ namespace kavo {
 
 namespace {
 
+using test::EnvironmentValue;
 using test::TemporaryFolder;
 
 std::string errorOf(const ProgramFolderSources& sources)
@@ -172,45 +173,27 @@ TEST(ProgramFolder, IsNotFoundFromAWorkingFolderThatWasDeleted)
     EXPECT_EQ(error, "Path not found: data");
     EXPECT_EQ(found, folder.path());
 }
-
-/// Sets a variable of the environment for as long as it lives.
-class EnvironmentValue
-{
-public:
-    EnvironmentValue(const char* name, const char* value) : m_name(name)
-    {
-        if (const char* before = std::getenv(name)) m_before = before;
-        ::setenv(name, value, 1);
-    }
-    ~EnvironmentValue()
-    {
-        if (m_before)
-            ::setenv(m_name, m_before->c_str(), 1);
-        else
-            ::unsetenv(m_name);
-    }
-    EnvironmentValue(const EnvironmentValue&) = delete;
-    EnvironmentValue& operator=(const EnvironmentValue&) = delete;
-
-private:
-    const char* m_name;
-    std::optional<std::string> m_before;
-};
+#endif
 
 TEST(ProgramFolderSources, ComeFromOptionAndEnvironment)
 {
     const EnvironmentValue folder("KAVO_PROGRAM_FOLDER", "/some/where");
     const EnvironmentValue dataHome("XDG_DATA_HOME", "");
     const EnvironmentValue home("HOME", "/home/ann");
+    const EnvironmentValue localData("LOCALAPPDATA", "C:\\Users\\Ж");
     const ProgramFolderSources sources = programFolderSources("/option");
     EXPECT_EQ(sources.option, "/option");
     EXPECT_EQ(sources.environment, "/some/where");
+#ifdef _WIN32
+    EXPECT_EQ(sources.dataHome, "C:\\Users\\Ж");
+    EXPECT_FALSE(sources.home.has_value());
+#else
     EXPECT_FALSE(sources.dataHome.has_value());
     EXPECT_EQ(sources.home, "/home/ann");
+#endif
     EXPECT_TRUE(fs::exists(sources.executableFolder));
     EXPECT_EQ(sources.suppliedFiles, sources.executableFolder);  // the tests are not installed
 }
-#endif
 
 TEST(SuppliedFolder, OfAPortableCopyComesBeforeThatOfAnInstallation)
 {

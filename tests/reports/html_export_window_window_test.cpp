@@ -1,5 +1,6 @@
 #include "base/code_page.h"
 #include "reports/html_export_window.h"
+#include "tests/support/environment.h"
 #include "tests/support/report_window_fixture.h"
 
 #include <QAbstractItemView>
@@ -208,7 +209,7 @@ TEST_F(HtmlExportWindow, TemplatesAreLookedForAmongTheSuppliedOnesThenWhereTheLa
 
 TEST_F(HtmlExportWindow, ExportWritesTheTypedSections)
 {
-    ::setenv("LC_ALL", "C", 1);
+    const kavo::test::EnvironmentValue plainLocale("LC_ALL", "C");
     QTest::keyClicks(&box("Text2"), "%team% %date%|%date_time%|%time% %lev_name%");
     QTest::keyClick(&box("Text2"), Qt::Key_Return);
     QTest::keyClicks(&box("Text2"), "2");

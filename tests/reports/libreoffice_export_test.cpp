@@ -1,6 +1,7 @@
 #include "base/file_name.h"
 #include "core/program_folder.h"
 #include "reports/spreadsheet_export.h"
+#include "tests/support/environment.h"
 #include "tests/support/export_season.h"
 #include "tests/support/flat_sheet.h"
 #include "tests/support/headless_office.h"
@@ -8,9 +9,6 @@
 #include "tests/support/recording_spreadsheet.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <optional>
 
 namespace kavo {
 namespace {
@@ -110,32 +108,11 @@ TEST(LibreOfficeExport, AModuleThatIsMissingIsAnError)
     EXPECT_THROW(static_cast<void>(moduleEntry(test::officeModule(), "noSuchEntry")), std::runtime_error);
 }
 
-/// Takes a variable out of this process's environment as long as it lives.
-class WithoutVariable final
-{
-public:
-    explicit WithoutVariable(const char* name) : m_name(name)
-    {
-        if (const char* value = std::getenv(name)) m_value = value;
-        ::unsetenv(name);
-    }
-    ~WithoutVariable()
-    {
-        if (m_value) ::setenv(m_name, m_value->c_str(), 1);
-    }
-    WithoutVariable(const WithoutVariable&) = delete;
-    WithoutVariable& operator=(const WithoutVariable&) = delete;
-
-private:
-    const char* m_name;
-    std::optional<std::string> m_value;
-};
-
 TEST(LibreOfficeExport, WithoutADisplayNoOfficeIsStarted)
 {
     if (test::officeModule().empty()) GTEST_SKIP() << "built without the module (no LibreOffice SDK was found)";
-    const WithoutVariable display("DISPLAY");
-    const WithoutVariable wayland("WAYLAND_DISPLAY");
+    const test::EnvironmentValue display("DISPLAY", nullptr);
+    const test::EnvironmentValue wayland("WAYLAND_DISPLAY", nullptr);
     const auto create = reinterpret_cast<CreateEntry>(moduleEntry(test::officeModule(), kCreateEntry));
     EXPECT_EQ(std::unique_ptr<Spreadsheet>(create({})), nullptr);
 }

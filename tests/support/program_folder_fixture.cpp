@@ -1,5 +1,6 @@
 #include "tests/support/program_folder_fixture.h"
 
+#include "base/file_name.h"
 #include "base/text.h"
 #include "base/text_file.h"
 #include "tests/support/places.h"
@@ -7,7 +8,9 @@
 #include <atomic>
 #include <fstream>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <process.h>
+#else
 #include <unistd.h>
 #endif
 
@@ -29,21 +32,26 @@ TemporaryFolder::~TemporaryFolder()
     fs::remove_all(m_path, ignored);
 }
 
+fs::path TemporaryFolder::operator/(std::string_view name) const
+{
+    return m_path / pathOf(name);
+}
+
 void TemporaryFolder::write(std::string_view name, std::string_view content) const
 {
-    const fs::path path = m_path / name;
+    const fs::path path = *this / name;
     fs::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary) << content;
 }
 
 std::string TemporaryFolder::read(std::string_view name) const
 {
-    return readFile(m_path / name);
+    return readFile(*this / name);
 }
 
 bool TemporaryFolder::has(std::string_view name) const
 {
-    return fs::exists(m_path / name);
+    return fs::exists(*this / name);
 }
 
 void copyDemo(const TemporaryFolder& folder)

@@ -19,7 +19,7 @@ public:
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
-    [[nodiscard]] std::filesystem::path operator/(std::string_view name) const { return m_path / name; }
+    [[nodiscard]] std::filesystem::path operator/(std::string_view name) const;
 
     /// Writes a file, with the folders on the way to it.
     void write(std::string_view name, std::string_view content) const;
