@@ -24,7 +24,8 @@ std::string environmentValue(const char* name)
 
 bool isTerminal()
 {
-    return ::_isatty(::_fileno(stdout)) != 0;
+    DWORD mode = 0;  // the C library takes every device for a terminal
+    return ::GetConsoleMode(::GetStdHandle(STD_OUTPUT_HANDLE), &mode) != 0;
 }
 
 std::optional<std::size_t> columnsOfTerminal()
@@ -34,15 +35,37 @@ std::optional<std::size_t> columnsOfTerminal()
     return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
 }
 
-/// A console of Windows says nothing in the environment. It shows all colours and UTF-8, once it is asked to.
-void askConsole(kavo::OutputFacts& facts)
+/// A console of Windows, which says nothing in the environment. It shows UTF-8, and all colours where it knows of
+/// them, once it is asked to, and is left as it was found: it belongs to the user's shell.
+class Console final
 {
-    const HANDLE console = ::GetStdHandle(STD_OUTPUT_HANDLE);
-    DWORD mode = 0;
-    if (::GetConsoleMode(console, &mode) == 0) return;
-    ::SetConsoleOutputCP(CP_UTF8);
-    if (::SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0) facts.term = "console-direct";
-}
+public:
+    explicit Console(DWORD stream) : m_handle(::GetStdHandle(stream))
+    {
+        m_isConsole = ::GetConsoleMode(m_handle, &m_mode) != 0;
+        if (!m_isConsole) return;
+        m_codePage = ::GetConsoleOutputCP();
+        ::SetConsoleOutputCP(CP_UTF8);
+        m_hasColours = ::SetConsoleMode(m_handle, m_mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+    }
+    ~Console()
+    {
+        if (!m_isConsole) return;
+        ::SetConsoleMode(m_handle, m_mode);
+        ::SetConsoleOutputCP(m_codePage);
+    }
+    Console(const Console&) = delete;
+    Console& operator=(const Console&) = delete;
+
+    [[nodiscard]] bool hasColours() const { return m_hasColours; }
+
+private:
+    HANDLE m_handle;
+    DWORD m_mode = 0;
+    UINT m_codePage = 0;
+    bool m_isConsole = false;
+    bool m_hasColours = false;
+};
 
 #else
 
@@ -72,9 +95,6 @@ kavo::OutputFacts factsOfOutput()
     facts.colorTerm = environmentValue("COLORTERM");
     facts.noColor = environmentValue("NO_COLOR");
     facts.columnsWished = environmentValue("COLUMNS");
-#ifdef _WIN32
-    askConsole(facts);
-#endif
     return facts;
 }
 
@@ -82,8 +102,13 @@ kavo::OutputFacts factsOfOutput()
 
 int main(int argc, char** argv)
 {
+    kavo::OutputFacts facts = factsOfOutput();
 #ifdef _WIN32
-    ::_setmode(::_fileno(stdout), _O_BINARY);  // a report has its line ends already
+    // What is read and written has its line ends already.
+    for (std::FILE* stream : {stdin, stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
+    const Console errors(STD_ERROR_HANDLE);
+    const Console output(STD_OUTPUT_HANDLE);
+    if (output.hasColours()) facts.term = "console-direct";
 #endif
-    return kavo::runCommandLine(argc, argv, {stdin, stdout, stderr, factsOfOutput()});
+    return kavo::runCommandLine(argc, argv, {stdin, stdout, stderr, facts});
 }

@@ -21,6 +21,9 @@ struct ReportDates
 [[nodiscard]] std::locale userLocale();
 
 /// The moment in local time and in the locale's own formats for dates and times.
-[[nodiscard]] ReportDates datesOf(std::time_t moment, const std::locale& locale = userLocale());
+[[nodiscard]] ReportDates datesOf(std::time_t moment, const std::locale& locale);
+
+/// The same as the user's system writes them: on Windows as the region settings have it, elsewhere in userLocale().
+[[nodiscard]] ReportDates datesOf(std::time_t moment);
 
 }  // namespace kavo
