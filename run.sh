@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Builds Kavo Timing and starts it on a demo folder. Arguments go to the program.
 set -euo pipefail
 cd "$(dirname "$0")"

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Builds and tests Kavo Timing. --help tells the options.
 set -euo pipefail
 cd "$(dirname "$0")"

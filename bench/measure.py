@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Measures the programs beside the least that each thing can cost, and prints both with their ratio.
 
 Whole processes run in turns with what they are compared with, so that a busy machine slows both: the ratio is the

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Builds the programs and what they are measured with, measures, and says which goals are missed.
 # Usage: bench/run.sh [OPTION of bench/measure.py]...; --help tells them.
 set -euo pipefail

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "core/loading.h"
 #include "reports/spreadsheet_export.h"
 #include "tests/support/headless_office.h"

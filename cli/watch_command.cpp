@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "base/file_name.h"
 #include "base/run_time_error.h"
 #include "base/text_file.h"

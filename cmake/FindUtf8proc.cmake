@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # The library utf8proc: Utf8proc_FOUND and the target Utf8proc::Utf8proc.
 find_path(Utf8proc_INCLUDE_DIR utf8proc.h)
 # The archive where it is there: the start of a program needs no further library then.

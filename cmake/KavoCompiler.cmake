@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Flags that every target of the project is built with.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # kavo_host_headers(TARGET HEADER): the imported target of a library that consists of headers, which a build for
 # another system takes from this one. Only its own folder gets onto the search path: beside it lie the headers of
 # this system's C library.

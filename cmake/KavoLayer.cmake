@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # kavo_layer(TARGET): gives the target an include root of its own. Whoever links the target may include the
 # headers among its sources by their full path from the project's root ("core/session.h"); nobody else can,
 # because the root itself is on no include path. Each header there only includes the real one: that works

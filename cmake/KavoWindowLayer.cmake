@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # kavo_window_layer(TARGET): a layer (KavoLayer.cmake) with windows in it. The first one compiles Qt's headers, which
 # are most of what the compiler reads for a window; the others use what it has made.
 function(kavo_window_layer target)

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # kavo_windows_resources(PROGRAM DESCRIPTION): what Windows shows of a program (icon, version) and how it treats it
 # (manifest). Nothing elsewhere.
 function(kavo_windows_resources program description)

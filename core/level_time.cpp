@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "core/level_time.h"
 
 #include "base/text.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A history folder with random files in it: they stand in the input one after the other, with a line "=="
 // between them, each with its name in the first line. The first part is a state to be remembered.
 

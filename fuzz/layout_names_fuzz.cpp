@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The layout of the main window and the names of the players: what is written is read again as it was.
 
 #include "core/settings.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A whole loading from a folder of random files. What it leaves goes through every report.
 
 #include "base/run_time_error.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A folder of random files, loaded through the library and through the command line: what `show --json` prints, read
 // back, must be what the library has loaded.
 

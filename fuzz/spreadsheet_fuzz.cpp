@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Every text of a table, as the spreadsheet gets it: a cell a line of the input, one after the other.
 
 #include "base/shown_text.h"

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Makes the Debian source package and the packages of this machine's architecture.
 # Usage: packaging/debian_package.sh FOLDER [DPKG-BUILDPACKAGE-OPTION...]
 # DEB_BUILD_OPTIONS=nocheck leaves the tests out.

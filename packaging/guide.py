@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Turns the user guide (docs/guide.md and every page and picture that it leads to) into HTML pages for a browser.
 
 Usage: guide.py FOLDER

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Makes everything that a release consists of: source archive, Debian packages, portable copy, the Windows zip where
 # its Qt is there, the note of changes, and the sums of them all.
 # Usage: packaging/release.sh [--unfinished] [FOLDER]     (default: build-release)

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """What the packages say about the versions: taken from CMakeLists.txt (the version), data/history.txt (what is new)
 and packaging/release_dates.txt (when).
 

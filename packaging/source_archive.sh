@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Packs the sources into FOLDER/kavo-timing-VERSION.tar.xz, the same bytes from the same files wherever and whenever
 # that is done. Usage: packaging/source_archive.sh FOLDER
 set -euo pipefail

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Tests of the core as a Windows program, which tools/check_windows.sh runs under Wine.
 set(gtest_folder /usr/src/googletest/googletest)  # its sources; Debian has no library of it for Windows
 add_library(kavo_gtest STATIC "${gtest_folder}/src/gtest-all.cc" "${gtest_folder}/src/gtest_main.cc")

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Fails when a window's control table (in its header), its .ui file, its wire() and docs/windows.md do not tell the
 same: a control that is named and not there, one to use that nobody names, a connection that does not say what its
 control is for, a window without a row or with another class, caption or file."""

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Fails on a path in a document that leads nowhere: a link, and anything in backquotes that begins like a path from the
 project's root. A path may leave out the ending of its sources, and have several, as in ui/x_window.{h,cpp,ui}."""
 

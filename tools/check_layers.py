@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Fails on an include that the layer table of docs/architecture.md does not allow, and on a header or source of a
 layer's folder that no target builds."""
 

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Fails on a file whose licence nobody can tell: one without the two SPDX lines that no pattern of REUSE.toml covers,
 one whose licence has no text in LICENSES/, and a text of no use. With --fix the missing lines are written."""
 

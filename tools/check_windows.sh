@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Compiles everything without Qt for Windows, with Excel's binding, and runs the tests of base and core under
 # Wine. Usage: tools/check_windows.sh [RESULTS.xml]
 set -euo pipefail

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # clang-tidy over all sources, over those named, or with --changed over those that this branch changes. Needs
 # clang-tidy. What changed is told from the main branch, and on the main branch itself from the commit before.
 # --changed is part of every test run and never takes long: it begins with the sources changed most, and what it does

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Changes one operator or constant of core/ at a time and tells which of these mutants the tests of core/ let live.
 
 Usage: mutate.py [--build FOLDER] [--sample N] [--seed N] [FILE...]

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Takes the pictures of the user guide: screenshots FOLDER saves one of every window, and beside it what it
 // shows in words; screenshots --sheet FILE.png saves all windows side by side in one picture.
 

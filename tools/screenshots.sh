@@ -1,4 +1,7 @@
 #!/bin/sh
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Takes all pictures of docs/images anew. Needs a configured build folder (default: build-dev), and Chromium for the
 # pages of the templates, which stay as they are without it.
 set -eu

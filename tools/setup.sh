@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Shared by run.sh and test.sh: installing packages and configuring builds. Sourced from the root. Up to the
 # check of the packages it has to run in the old bash of macOS, too.
 # shellcheck shell=bash

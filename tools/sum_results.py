@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Sums up the results of several stages: names what failed, ends with "N passed, N failed".
 
 A stage leaves the JUnit file of ctest or of a GoogleTest program. STAGE.passed and STAGE.failed stand for a stage

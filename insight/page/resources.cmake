@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Builds the style sheet and the script of the pages into the program, with the script's hash for the
 # content-security policy.
 

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Makes FOLDER/kavo-timing-VERSION-MACHINE.AppImage: one file that runs on systems without Qt.
 # Usage: packaging/appimage/build.sh FOLDER | --appdir FOLDER
 #   --appdir   only the folder that goes into it, which is run by FOLDER/AppRun with the Qt of this system

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Draws kavo-timing.svg in every size that desktops ask for: kavo-timing-SIZE.png beside it. The same drawing
 # gives the same bytes. Usage: packaging/icons/make_pngs.sh [FOLDER]
 set -euo pipefail

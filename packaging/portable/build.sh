@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Makes FOLDER/kavo-timing-VERSION-linux-MACHINE.tar.xz: one folder to unpack anywhere, which is the program folder.
 # Usage: packaging/portable/build.sh FOLDER [CMAKE-OPTION...]
 # KAVO_PACKAGE_BUILD names a folder to compile in that is kept; without it one is made and removed.

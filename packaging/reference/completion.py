@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Prints the completion of a program's commands, options, values and files for a shell.
 
 Usage: completion.py PROGRAMS.JSON PROGRAM bash|zsh|fish

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Completion for bash, through the functions of the package bash-completion."""
 
 from completion import quoted

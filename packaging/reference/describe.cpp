@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Prints the commands and options of both programs as JSON: the manuals and the completion of shells are made
 // from it while the packages are built.
 

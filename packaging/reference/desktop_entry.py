@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Prints the desktop entry: kavo-timing.desktop, with an action for the web page of everything as soon as the command
 line has the command that writes it.
 

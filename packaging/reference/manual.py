@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Prints the manual page of a program: PROGRAM.1.in, with the options and commands that the program itself knows.
 
 Usage: manual.py PROGRAMS.JSON PROGRAM

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Makes kavo-timing-VERSION-windows.zip: one folder to unzip anywhere, which is the program folder.
 # Usage: packaging/windows/build.sh [--qt FOLDER] [--output FOLDER]
 #   --qt FOLDER       static Qt for Windows; without it the one in ~/.cache/kavo-timing, built there first if it is not

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Builds what the Windows program needs of Qt, as static libraries, from the source package of this system's own Qt.
 # Takes about half an hour on two processors, 3 GB on the disk meanwhile. Usage: packaging/windows/build_qt.sh FOLDER
 set -euo pipefail

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Fails when a Windows program needs a DLL that does not come with every Windows 10. Usage: check_imports.py EXE..."""
 
 import pathlib

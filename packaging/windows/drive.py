@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Unpacks the Windows zip and uses what is in it, as somebody who has just got it.
 
 Usage: drive.py ZIP WINE CLI

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Collects the notices and licences of what is linked into the Windows programs. Usage: licences.sh FOLDER
 set -euo pipefail
 [ $# -eq 1 ] || {

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Joins PNG pictures of several sizes into one icon of Windows. Usage: make_icon.py ICON PNG..."""
 
 import pathlib

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Packs a folder, so that the same files give the same bytes. Usage: make_zip.py FOLDER ZIP
 
 SOURCE_DATE_EPOCH in the environment is the time that all files bear.

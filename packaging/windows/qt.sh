@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # The static Qt of the Windows program: where it is, and a build with it. Sourced from the root.
 # shellcheck shell=bash
 

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Runs the guide's example of a club on several processors and compares its table with that of a single call.
 
 Usage: club_parallel_test.py SOURCE_FOLDER CLI; ends with 77 (skipped) without GNU parallel.

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """The programs as processes: what the environment, a terminal, a pipe or a full disk do to them.
 
 Usage: process_test.py SOURCE-FOLDER CLI [DESKTOP-PROGRAM]

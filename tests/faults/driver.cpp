@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Runs operations of the desktop program on a program folder, without a display and without a user:
 //
 //     kavo-operations [--program-folder DIR] [--report FILE] [--page FILE] OPERATION...

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Everything that the two programs save, as operations that can be run on a sandbox."""
 
 from typing import NamedTuple

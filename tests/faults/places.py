@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Something else stands where the programs read and write: folders, pipes, links to nothing, what may not be read."""
 
 import os

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Kills the programs at every step of every save, lets every system call on their files fail, and looks at what is
 left; then full disks, pipes and folders in place of files, and files that are far too large.
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Program folders for the tests of faults: made in a moment, looked at byte for byte, compared."""
 
 import os

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Compares `kavo-timing-cli show --json` with the oracle on random program folders.
 
 Usage: compare.py CLI [--count N] [--seed N] [--keep FOLDER]

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Compares next, diff, best-ever and club of the command line with the oracle on random program folders.
 
 Usage: compare_insight.py CLI [--count N] [--seed N]

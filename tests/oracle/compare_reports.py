@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Compares the golden files and the reports of `kavo-timing-cli` with the oracle.
 
 Usage: compare_reports.py SOURCES CLI [--count N] [--seed N]

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """What the additional commands say, stated a second time and as briefly as possible.
 
 Independent of the program's sources on purpose, like oracle.py, from which the rules of the table come.

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """The rules of the results table, stated a second time and as briefly as possible.
 
 Independent of the program's sources on purpose: where the two differ, one of them has misread a rule.

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """The rules of the reports, of the levels' statistics and of new targets, stated a second time.
 
 Independent of the program's sources on purpose, as oracle.py is, whose tables these are made of.

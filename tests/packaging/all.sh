@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Makes all packages and tries them (./test.sh --packages): twice the same, without a complaint of lintian, in a root
 # with nothing else in it, and from a folder of any name. Takes a while; needs root and Debian's archive.
 # Usage: tests/packaging/all.sh [FOLDER]     (default: build-packages, which is made anew)

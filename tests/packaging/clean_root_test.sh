@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Installs the Debian packages in a root with nothing in it but Debian 12 and what they depend on, starts the
 # programs there, and purges them again. Usage: clean_root_test.sh FOLDER-OF-PACKAGES
 # Needs root, and Debian's archive. The window is shown on the display of the caller (Xvfb), which the root shares.

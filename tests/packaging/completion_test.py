@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Completes commands, options, nicks and files of both programs in a real shell.
 
 Usage: completion_test.py bash|zsh|fish BUILD_FOLDER

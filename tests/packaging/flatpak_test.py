@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Checks the Flatpak manifest as far as that goes without a network: flatpak-builder reads it, the names in it are
 those of an installation, and what it fetches is pinned.
 

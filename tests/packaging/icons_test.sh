@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Draws all icons anew and compares them with those that lie beside the picture.
 set -euo pipefail
 icons="$(cd "$(dirname "$0")/../../packaging/icons" && pwd)"

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Installs a build into a folder and runs it from there, as a user who may not write to it.
 
 Usage: installed_test.py BUILD_FOLDER

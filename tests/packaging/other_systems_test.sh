@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # ./run.sh and ./test.sh on systems that are not Debian name what is missing in that system's words. The systems
 # are played: their package tools and their names lie in a folder in front of the path.
 # shellcheck disable=SC2016  # what the played commands are made of

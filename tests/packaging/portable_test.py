@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Unpacks the portable copy into a folder with blanks and letters of other alphabets in its name, and starts it there.
 
 Usage: portable_test.py kavo-timing-VERSION-linux-MACHINE.tar.xz

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Builds the Debian packages and the portable copy twice, in different folders, at different times and with different
 # locales, time zones and rights of new files, and compares what comes out byte for byte.
 # Usage: reproducible_test.sh FOLDER       leaves one set of packages in FOLDER

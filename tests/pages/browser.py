@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Shows web pages in a real browser without a window, and measures what a reader would see of them."""
 
 import html

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Looks at the dashboard and at the page of a club in a real browser, as a phone, a tablet and a window show them.
 
 Usage: check_dashboard.py CLI BROWSER TIDY PICTURES

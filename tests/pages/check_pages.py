@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Looks at the web pages that the program's templates make, in a real browser and at several widths.
 
 Usage: check_pages.py CLI BROWSER PICTURES

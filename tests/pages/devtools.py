@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """A browser without a window, steered through the pipe of its developer tools: no port is opened."""
 
 import base64

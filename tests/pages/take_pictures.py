@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Takes the pictures of the templates' pages for the user guide.
 
 Usage: take_pictures.py BROWSER FOLDER

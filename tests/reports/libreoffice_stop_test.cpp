@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A real office that is no longer waited for: at once, while it starts, and while it works.
 
 #include "base/file_name.h"

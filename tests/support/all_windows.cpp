@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "tests/support/all_windows.h"
 
 #include "ui/main/main_window.h"

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Walks through all windows of the program under strace, and fails on any attempt to reach another machine but the
 updater's, which begins when "Update!" is pressed and goes to the host that the program was given.
 

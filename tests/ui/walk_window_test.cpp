@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A walk through all windows, for the eyes of a tracer (tests/trace/connections.py).
 
 #include "tests/support/page_server.h"

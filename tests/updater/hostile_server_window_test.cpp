@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The updater's window in front of servers of every kind: what the user is told, what the targets become, and
 // that the window answers all the time.
 

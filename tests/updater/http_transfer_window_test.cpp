@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "tests/support/page_server.h"
 #include "tests/support/program_folder_fixture.h"
 #include "tests/support/wait_until.h"

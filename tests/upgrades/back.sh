@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # The way back: an older program reads what a session of the present one leaves. The tests see to it that
 # this is tests/upgrades/*/session; here both programs print its tables and reports, which must be the same.
 # Usage: tests/upgrades/back.sh OLD_CLI NEW_CLI

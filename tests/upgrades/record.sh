@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Keeps what the present version leaves of a program folder, in tests/upgrades/VERSION, when it is released.
 # Usage: tests/upgrades/record.sh [BUILD_FOLDER]     (default: build-dev, with the tests built)
 set -euo pipefail

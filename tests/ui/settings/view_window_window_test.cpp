@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "tests/ui/settings/view_window_fixture.h"
 
 #include <QComboBox>
