@@ -31,7 +31,7 @@ endif()
 # kavo_measured(TARGET): a layer of which every line has to be tested.
 function(kavo_measured target)
     if(KAVO_COVERAGE)
-        target_compile_options(${target} PRIVATE --coverage -O0)
+        target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic -O0)  # several threads count
         target_link_options(${target} PUBLIC --coverage)
     endif()
 endfunction()
