@@ -7,8 +7,9 @@
 #include "cli/command_error.h"
 
 #ifdef _WIN32
-#include <shellapi.h>
 #include <windows.h>
+// It needs what the one above declares.
+#include <shellapi.h>
 #else
 #include <chrono>
 #include <fcntl.h>
