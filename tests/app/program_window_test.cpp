@@ -87,28 +87,6 @@ TEST_F(ProgramWindows, RefreshReadsEverythingAnewInTheSameWindow)
     EXPECT_TRUE(mainWindow().isVisible());
 }
 
-TEST_F(ProgramWindows, RefreshShowsAnewOnlyWhatIsOtherThanBefore)
-{
-    startLoggedIn();
-    const QSignalSpy resets(list().model(), &QAbstractItemModel::modelReset);
-    const QSignalSpy cells(list().model(), &QAbstractItemModel::dataChanged);
-    const QSignalSpy headers(list().model(), &QAbstractItemModel::headerDataChanged);
-    QTest::keyClick(&list(), Qt::Key_F5);
-    EXPECT_TRUE(cells.isEmpty());
-    EXPECT_TRUE(headers.isEmpty());
-    folder.write("Marek/names.dat", "Ann\r\nBob\r\nBoth\r\n");
-    QTest::keyClick(&list(), Qt::Key_F5);
-    EXPECT_TRUE(resets.isEmpty());
-    // Every level has another author; the totals row has the word "Team" as before.
-    ASSERT_EQ(cells.size(), 54);
-    for (int level = 1; level <= 54; ++level) {
-        EXPECT_EQ(cells.at(level - 1).at(0).toModelIndex(), index(level, 8));
-        EXPECT_EQ(cells.at(level - 1).at(1).toModelIndex(), index(level, 8));
-    }
-    EXPECT_EQ(headers.size(), 3);
-    EXPECT_EQ(header(1), "Ann");
-}
-
 TEST_F(ProgramWindows, ErrorOfTheLoadingIsShownAndLeavesWhatWasFilled)
 {
     std::string text = statisticsText();
