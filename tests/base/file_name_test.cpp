@@ -110,7 +110,10 @@ TEST(FileExists, IsNoAnswerWhereTheSystemCannotTell)
 
 TEST(PlainName, HasNoSeparatorAndLeadsNowhere)
 {
-    for (const char* name : {"bob", " bob", "...", "a.b", "Жанна"}) EXPECT_TRUE(isPlainName(name)) << name;
+    for (const char* name : {"bob", " bob", "a.b", "Жанна"}) EXPECT_TRUE(isPlainName(name)) << name;
+#ifndef _WIN32
+    EXPECT_TRUE(isPlainName("..."));  // Windows would take it for another name
+#endif
     for (const char* name : {".", "..", "a/b", "a\\b", "/"}) EXPECT_FALSE(isPlainName(name)) << name;
     EXPECT_FALSE(isPlainName(std::string_view("a\0b", 3)));
 }

@@ -27,7 +27,10 @@ TEST(Nick, HasAtMostTenCharactersAndMoreThanBlanks)
 
 TEST(Nick, ThatLogsInByItselfNamesAFolderToo)
 {
-    for (const char* nick : {"b", " bob", "ЖаннаЖанна", "..."}) EXPECT_TRUE(isNickForAutoLogin(nick)) << nick;
+    for (const char* nick : {"b", " bob", "ЖаннаЖанна"}) EXPECT_TRUE(isNickForAutoLogin(nick)) << nick;
+#ifndef _WIN32
+    EXPECT_TRUE(isNickForAutoLogin("..."));  // Windows would take it for another name
+#endif
     for (const char* nick : {"", "   ", "01234567890", ".", "..", "a/b", "a\\b"})
         EXPECT_FALSE(isNickForAutoLogin(nick)) << nick;
 }
