@@ -24,7 +24,7 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 [[nodiscard]] char32_t codePointOf(std::string_view character);
 
 /// Adds the character of that number in UTF-8.
-void appendUtf8(std::string& text, char32_t codePoint);
+void appendUtf8(std::string& text, char32_t value);
 
 [[nodiscard]] std::size_t countCharacters(std::string_view text);
 

@@ -152,8 +152,8 @@ Findings checkBugTimes(std::string_view text)
 {
     const std::vector<TextLine> lines = linesOf(text);
     const Finding unended{.severity = Severity::Error,
-                          .text = "no line \"Player2\" ends the entries of player 1 (\"Input past end of file\")",
-                          .expected = "\"Player1\", entries, \"Player2\", entries",
+                          .text = R"(no line "Player2" ends the entries of player 1 ("Input past end of file"))",
+                          .expected = R"("Player1", entries, "Player2", entries)",
                           .advice = "open Bug times (Ctrl+B), enter them anew and press Save, or delete the file"};
     if (lines.empty()) return {atEnd(text, unended)};
     if (!equalIgnoringCase(lines.front().text, "Player1"))
