@@ -96,7 +96,7 @@ sanitized() {
 covered() {
     # What cannot be told of a branch is nothing about its line.
     gcovr --root . --filter 'base/' --filter 'core/' --exclude-throw-branches --gcov-ignore-parse-errors \
-        --object-directory "$1" --print-summary --fail-under-line 95 >"$1/coverage.log" 2>&1 && touch "$results/coverage.passed" && return
+        --object-directory "$1" --print-summary --fail-under-line 95 "$1" >"$1/coverage.log" 2>&1 && touch "$results/coverage.passed" && return
     cat "$1/coverage.log"
     touch "$results/coverage.failed"
 }
