@@ -6,6 +6,7 @@
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/text_file.h"
+#include "insight/xlsx_library.h"
 #include "reports/spreadsheet_export.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@
 #include <cstdlib>
 #include <tuple>
 #include <vector>
-#include <xlsxwriter.h>
 
 namespace fs = std::filesystem;
 
@@ -82,14 +82,14 @@ public:
     {
         lxw_workbook_options options{};
         options.tmpdir = m_folder.data();
-        m_workbook = ::workbook_new_opt(file.c_str(), &options);
+        m_workbook = m_library.workbook_new_opt(file.c_str(), &options);
         if (m_workbook == nullptr) throw RunTimeError(Failure::PathFileAccess, file);
-        m_worksheet = ::workbook_add_worksheet(m_workbook, nullptr);
+        m_worksheet = m_library.workbook_add_worksheet(m_workbook, nullptr);
     }
 
     ~WorkbookWriter()
     {
-        if (m_workbook != nullptr) ::lxw_workbook_free(m_workbook);
+        if (m_workbook != nullptr) m_library.lxw_workbook_free(m_workbook);
     }
 
     WorkbookWriter(const WorkbookWriter&) = delete;
@@ -105,8 +105,8 @@ public:
     {
         lxw_doc_properties properties{};
         properties.created = std::max<std::time_t>(created, 1);  // 0 would stand for the present moment
-        ::workbook_set_properties(m_workbook, &properties);
-        const lxw_error error = ::workbook_close(m_workbook);
+        m_library.workbook_set_properties(m_workbook, &properties);
+        const lxw_error error = m_library.workbook_close(m_workbook);
         m_workbook = nullptr;
         if (error != LXW_NO_ERROR) throw RunTimeError(Failure::DiskFull, m_folder);
     }
@@ -121,13 +121,13 @@ private:
         lxw_format* format = formatFor({cell.colour, cell.bold, isTime});
         if (isTime) {
             const auto value = static_cast<double>(std::get<SheetFile::Time>(cell.value).value) / kHundredthsOfADay;
-            ::worksheet_write_number(m_worksheet, at.first, at.second, value, format);
+            m_library.worksheet_write_number(m_worksheet, at.first, at.second, value, format);
         } else if (const auto* number = std::get_if<std::int32_t>(&cell.value)) {
-            ::worksheet_write_number(m_worksheet, at.first, at.second, *number, format);
+            m_library.worksheet_write_number(m_worksheet, at.first, at.second, *number, format);
         } else if (const auto* text = std::get_if<std::string>(&cell.value)) {
-            ::worksheet_write_string(m_worksheet, at.first, at.second, text->c_str(), format);
+            m_library.worksheet_write_string(m_worksheet, at.first, at.second, text->c_str(), format);
         } else {
-            ::worksheet_write_blank(m_worksheet, at.first, at.second, format);
+            m_library.worksheet_write_blank(m_worksheet, at.first, at.second, format);
         }
     }
 
@@ -137,10 +137,10 @@ private:
         if (!colour && !isBold && !isTime) return nullptr;
         lxw_format*& format = m_formats[key];
         if (format != nullptr) return format;
-        format = ::workbook_add_format(m_workbook);
-        if (colour) ::format_set_font_color(format, libraryColour(*colour));
-        if (isBold) ::format_set_bold(format);
-        if (isTime) ::format_set_num_format(format, kTimeFormat);
+        format = m_library.workbook_add_format(m_workbook);
+        if (colour) m_library.format_set_font_color(format, libraryColour(*colour));
+        if (isBold) m_library.format_set_bold(format);
+        if (isTime) m_library.format_set_num_format(format, kTimeFormat);
         return format;
     }
 
@@ -159,7 +159,7 @@ private:
             if (place.second == column) longest = std::max(longest, lengthOf(cell));
         const auto index = static_cast<lxw_col_t>(column - 1);
         if (longest > 0)
-            ::worksheet_set_column(m_worksheet, index, index, static_cast<double>(longest) + kRoom, nullptr);
+            m_library.worksheet_set_column(m_worksheet, index, index, static_cast<double>(longest) + kRoom, nullptr);
     }
 
     static std::size_t lengthOf(const SheetFile::SheetCell& cell)
@@ -172,6 +172,7 @@ private:
         return text != nullptr ? std::min(countCharacters(*text), kWidest) : 0;
     }
 
+    const XlsxLibrary& m_library = xlsxLibrary();
     std::string m_folder;  ///< kept here because the library only borrows it
     lxw_workbook* m_workbook = nullptr;
     lxw_worksheet* m_worksheet = nullptr;

@@ -62,19 +62,26 @@ everywhere='^(libQt6(Core|Gui|Widgets|Network)\.so\.6|lib(stdc\+\+\.so\.6|gcc_s\
 
 # bring_along FILE: the other libraries that it needs come along in "lib", each with its notice.
 bring_along() {
-    local name library package
+    local name
     readelf -d "$1" | sed -nE 's/.*\(NEEDED\).*\[(.*)\]/\1/p' | { grep -vE "$everywhere" || true; } | while read -r name; do
-        [ ! -e "$tree/lib/$name" ] || continue
-        library="$(ldd "$1" | awk -v name="$name" '$1 == name { print $3 }')"
-        install -D -m 644 "$(realpath "$library")" "$tree/lib/$name"
-        package="$(dpkg -S "$(realpath "$library")" | cut -d : -f 1)"
-        install -D -m 644 "/usr/share/doc/$package/copyright" "$tree/lib/$package.copyright"
-        bring_along "$library"
+        [ -e "$tree/lib/$name" ] || bring_library "$name" "$(ldd "$1" | awk -v name="$name" '$1 == name { print $3 }')"
     done
+}
+
+# bring_library NAME FILE: the library under the name that it is loaded by, with what it needs itself.
+bring_library() {
+    local package
+    install -D -m 644 "$(realpath "$2")" "$tree/lib/$1"
+    package="$(dpkg -S "$(realpath "$2")" | cut -d : -f 1)"
+    install -D -m 644 "/usr/share/doc/$package/copyright" "$tree/lib/$package.copyright"
+    bring_along "$2"
 }
 for program in "$tree/kavo-timing" "$tree/kavo-timing-cli"; do
     bring_along "$program"
 done
+# The one that writes .xlsx files is loaded only when it is needed, so that the programs do not name it as such.
+xlsx="$(sed -n 's/^KAVO_XLSX_SONAME:INTERNAL=//p' "$build/CMakeCache.txt")"
+[ -z "$xlsx" ] || bring_library "$xlsx" "$(sed -n 's/^KAVO_XLSX_LIBRARY:FILEPATH=//p' "$build/CMakeCache.txt")"
 
 find "$tree" -mindepth 1 -printf '%P\0' | LC_ALL=C sort -z |
     tar --create --format=gnu --transform="s,^,$name/,S" --mode=u=rwX,go=rX --owner=0 --group=0 --numeric-owner \

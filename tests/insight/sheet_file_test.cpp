@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "base/text_file.h"
 #include "core/filters.h"
+#include "insight/xlsx_library.h"
 #include "reports/spreadsheet_export.h"
 #include "tests/support/export_season.h"
 #include "tests/support/flat_sheet.h"
@@ -161,6 +162,23 @@ TEST(SheetFile, LeavesNothingBehind)
     ::setenv("TMPDIR", (folder / "none").c_str(), 1);
     EXPECT_THROW(static_cast<void>(SheetFile().bytes(kMoment)), RunTimeError);
     ::unsetenv("TMPDIR");
+}
+
+std::string reasonOf(const char* library)
+{
+    try {
+        static_cast<void>(loadXlsxLibrary(library));
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
+    return {};
+}
+
+TEST(XlsxLibrary, SaysWhyItCannotBeUsed)
+{
+    EXPECT_EQ(reasonOf("libnowhere.so.1").substr(0, 54), "No .xlsx file without libxlsxwriter: libnowhere.so.1: ");
+    EXPECT_EQ(reasonOf("libc.so.6"), "libxlsxwriter has no workbook_new_opt");
+    EXPECT_EQ(xlsxLibrary().workbook_close, loadXlsxLibrary("libxlsxwriter.so").workbook_close);
 }
 
 }  // namespace
