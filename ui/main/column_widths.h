@@ -35,6 +35,7 @@ public:
 
 private:
     [[nodiscard]] int designed(int column) const;
+    [[nodiscard]] int widestCell(int column) const;
     [[nodiscard]] int needed(int column) const;
     [[nodiscard]] bool isAsDesigned(int column) const;
 

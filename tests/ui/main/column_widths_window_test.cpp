@@ -109,6 +109,21 @@ TEST_F(ColumnWidths, ThoseTooNarrowForAChosenFontGrowAndTheRestStays)
     for (std::size_t column = kStored; column < 8; ++column) EXPECT_LT(widths().at(column), large.at(column));
 }
 
+TEST_F(ColumnWidths, GrownOnesAreAsWideAsTheListItselfWouldMakeThem)
+{
+    folder.write("Marek/view.dat", kNarrow);
+    startWithFont(8);
+    mainWindow().resize(1600, 3000);
+    for (const int points : {14, 21, 32}) {
+        chooseFont(points);
+        const QAbstractItemView& cells = list();
+        for (int column = 0; column < kStored; ++column)
+            EXPECT_EQ(list().columnWidth(column),
+                      std::max(cells.sizeHintForColumn(column), list().header()->sectionSizeHint(column)))
+                << points << " points, column " << column;
+    }
+}
+
 TEST_F(ColumnWidths, OneThatTheUserHasMadeStaysAtAReload)
 {
     startWithFont(8);
