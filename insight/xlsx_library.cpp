@@ -24,7 +24,8 @@ void find(void* library, const char* name, Function& function)
 XlsxLibrary loadXlsxLibrary(const char* name)
 {
     void* library = ::dlopen(name, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) throw std::runtime_error(std::string("No .xlsx file without libxlsxwriter: ") + ::dlerror());
+    if (library == nullptr)
+        throw std::runtime_error(std::string("No .xlsx file without libxlsxwriter: ") + ::dlerror());
     XlsxLibrary functions{};
     find(library, "workbook_new_opt", functions.workbook_new_opt);
     find(library, "workbook_add_worksheet", functions.workbook_add_worksheet);

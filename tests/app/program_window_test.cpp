@@ -87,6 +87,44 @@ TEST_F(ProgramWindows, RefreshReadsEverythingAnewInTheSameWindow)
     EXPECT_TRUE(mainWindow().isVisible());
 }
 
+TEST_F(ProgramWindows, RefreshShowsAnewOnlyWhatIsOtherThanBefore)
+{
+    startLoggedIn();
+    const QSignalSpy resets(list().model(), &QAbstractItemModel::modelReset);
+    const QSignalSpy cells(list().model(), &QAbstractItemModel::dataChanged);
+    const QSignalSpy headers(list().model(), &QAbstractItemModel::headerDataChanged);
+    QTest::keyClick(&list(), Qt::Key_F5);
+    EXPECT_TRUE(cells.isEmpty());
+    EXPECT_TRUE(headers.isEmpty());
+    folder.write("Marek/names.dat", "Ann\r\nBob\r\nBoth\r\n");
+    QTest::keyClick(&list(), Qt::Key_F5);
+    EXPECT_TRUE(resets.isEmpty());
+    // Every level has another author; the totals row has the word "Team" as before.
+    ASSERT_EQ(cells.size(), 54);
+    for (int level = 1; level <= 54; ++level) {
+        EXPECT_EQ(cells.at(level - 1).at(0).toModelIndex(), index(level, 8));
+        EXPECT_EQ(cells.at(level - 1).at(1).toModelIndex(), index(level, 8));
+    }
+    EXPECT_EQ(headers.size(), 3);
+    EXPECT_EQ(header(1), "Ann");
+}
+
+TEST_F(ProgramWindows, RefreshChoosesTheTotalsRowOrNone)
+{
+    startLoggedIn();
+    list().setCurrentIndex(index(7, 0));
+    ASSERT_TRUE(list().selectionModel()->isRowSelected(6));
+    QTest::keyClick(&list(), Qt::Key_F5);
+    EXPECT_EQ(list().currentIndex(), index(55, 0));
+    EXPECT_EQ(list().selectionModel()->selectedRows(), QModelIndexList{index(55, 0)});
+    list().setCurrentIndex(index(7, 0));
+    const std::string text = statisticsText();
+    folder.write("game/stats.txt", text.substr(0, text.find("Level 3,")));
+    prompts.expectMessage({.text = "Invalid procedure call or argument: stats.txt", .icon = MessageIcon::Critical});
+    QTest::keyClick(&list(), Qt::Key_F5);
+    EXPECT_FALSE(list().selectionModel()->hasSelection());
+}
+
 TEST_F(ProgramWindows, ErrorOfTheLoadingIsShownAndLeavesWhatWasFilled)
 {
     std::string text = statisticsText();

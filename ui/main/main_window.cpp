@@ -121,8 +121,18 @@ kavo::LoadingResult Form1::runLoading()
     const int scrolled = ui->lv->verticalScrollBar()->value();
     // The position counts again once the list knows its rows.
     const auto scrollBack = qScopeGuard([this, scrolled] { ui->lv->verticalScrollBar()->setValue(scrolled); });
+    forgetRow();
     const kavo::TableChange change(m_model);
     return kavo::load(m_services.session, *this);
+}
+
+/// No row is chosen while a loading shows a message; the table tells which one is afterwards.
+void Form1::forgetRow()
+{
+    kavo::ResultsTable& table = m_services.session.table;
+    const int row = table.selectedRow();
+    ui->lv->selectionModel()->clear();
+    table.selectRow(row);
 }
 
 void Form1::showLoaded(const kavo::LoadingResult& result)

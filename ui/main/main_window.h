@@ -110,6 +110,7 @@ private:
     kavo::LoadingResult runLoading();
     void showLoaded(const kavo::LoadingResult& result);
     void showFontSize(double points);
+    void forgetRow();
     void showSelectedRow();
     QWidget* boxParent();
     void showMessage(const kavo::Message& message) override;

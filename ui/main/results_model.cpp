@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace kavo {
 
@@ -29,6 +30,11 @@ struct GradedColumns
 constexpr std::array kGradedColumns = {GradedColumns{Column::Time1, Column::Target1},
                                        GradedColumns{Column::Time2, Column::Target2},
                                        GradedColumns{Column::Team, Column::Target}};
+
+bool isSame(const Cell& a, const Cell& b)
+{
+    return a.text == b.text && a.colour == b.colour && a.bold == b.bold;
+}
 
 }  // namespace
 
@@ -119,8 +125,30 @@ bool ResultsModel::isFiltered(Column column) const
 
 void ResultsModel::markFilter(const std::optional<Filter>& filter)
 {
+    if (!filter && !m_filter) return;
     m_filter = filter;
     emit headerDataChanged(Qt::Horizontal, 0, kColumns - 1);
+}
+
+void ResultsModel::endChange()
+{
+    const ResultsTable before = std::exchange(m_before, {});
+    if (before.rowCount() != rowCount()) {
+        beginResetModel();
+        endResetModel();
+        return;
+    }
+    // Cell by cell: of a loading that changes little, little is painted. Painting all is most of what a loading takes.
+    const ResultsTable& table = m_session.table;
+    for (int row = 1; row <= rowCount(); ++row)
+        for (int i = 0; i < kColumns; ++i) {
+            const auto column = static_cast<Column>(i);
+            if (isSame(before.cell(row, column), table.cell(row, column))) continue;
+            emit dataChanged(index(row - 1, i), index(row - 1, i));
+        }
+    for (int i = 0; i < kColumns; ++i)
+        if (before.header(static_cast<Column>(i)) != table.header(static_cast<Column>(i)))
+            emit headerDataChanged(Qt::Horizontal, i, i);
 }
 
 void ResultsModel::textsChanged()

@@ -20,7 +20,7 @@ struct Filter
     std::string name;
 };
 
-/// Shows the session's results table in the list; holds nothing of it.
+/// Shows the session's results table in the list; holds nothing of it but while the table changes.
 class ResultsModel final : public QAbstractTableModel
 {
     Q_OBJECT
@@ -47,16 +47,22 @@ private:
     [[nodiscard]] QString headerToolTip(Column column) const;
     [[nodiscard]] bool isFiltered(Column column) const;
 
+    /// What the list shows until the change has ended.
+    void beginChange() { m_before = m_session.table; }
+    void endChange();
+
     const Session& m_session;
     std::optional<Filter> m_filter;
+    ResultsTable m_before;
 };
 
-/// Brackets a change of the whole table, which ends with this object. Meanwhile no event loop may run.
+/// Brackets a change of the whole table, which ends with this object: what is other than before is shown anew, and
+/// the list keeps the rest. Meanwhile no event loop may run.
 class TableChange final
 {
 public:
-    explicit TableChange(ResultsModel& model) : m_model(model) { m_model.beginResetModel(); }
-    ~TableChange() { m_model.endResetModel(); }
+    explicit TableChange(ResultsModel& model) : m_model(model) { m_model.beginChange(); }
+    ~TableChange() { m_model.endChange(); }
     TableChange(const TableChange&) = delete;
     TableChange& operator=(const TableChange&) = delete;
 
@@ -64,8 +70,8 @@ public:
     class Pause final
     {
     public:
-        explicit Pause(ResultsModel& model) : m_model(model) { m_model.endResetModel(); }
-        ~Pause() { m_model.beginResetModel(); }
+        explicit Pause(ResultsModel& model) : m_model(model) { m_model.endChange(); }
+        ~Pause() { m_model.beginChange(); }
         Pause(const Pause&) = delete;
         Pause& operator=(const Pause&) = delete;
 

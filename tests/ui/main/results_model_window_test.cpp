@@ -93,8 +93,9 @@ TEST_F(ResultsModel, ShowsANameWithMarkupInAToolTipAsItIs)
 {
     folder.write("Marek/names.dat", "<b>bold</b>\r\nBob\r\nDuo\r\n");
     QTest::keyClick(&list(), Qt::Key_F5);
-    list().setColumnWidth(8, 30);
     list().setFixedWidth(400);
+    QCoreApplication::processEvents();  // else the last column would fill the wide list
+    list().setColumnWidth(8, 30);
     EXPECT_TRUE(shownTip(1, 8).contains("&lt;b&gt;bold&lt;/b&gt;")) << qPrintable(shownTip(1, 8));
 }
 
