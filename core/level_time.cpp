@@ -6,8 +6,11 @@
 #include "base/text.h"
 #include "core/counted_time.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 
 namespace kavo {
 
@@ -17,40 +20,105 @@ constexpr std::size_t kSecondsAt = 4;  // 1-based positions of the two-character
 constexpr std::size_t kHundredthsAt = 7;
 constexpr std::size_t kFieldWidth = 2;
 
+struct TimeFields
+{
+    std::int32_t minutes = 0;
+    std::int32_t seconds = 0;
+    std::int32_t hundredths = 0;
+};
+
+bool isDigit(char byte)
+{
+    return byte >= '0' && byte <= '9';
+}
+
+/// The fields of a text that is MM:SS:HH from end to end; nothing for any other. Nearly all times are, and to take
+/// their digits as they stand saves a third of a loading.
+std::optional<TimeFields> plainFields(std::string_view time)
+{
+    constexpr std::array<std::size_t, 6> kDigitsAt = {0, 1, 3, 4, 6, 7};
+    if (time.size() != 8 || time[2] != ':' || time[5] != ':') return std::nullopt;
+    if (!std::all_of(kDigitsAt.begin(), kDigitsAt.end(), [time](std::size_t at) { return isDigit(time[at]); }))
+        return std::nullopt;
+    const auto field = [time](std::size_t at) { return (time[at] - '0') * 10 + (time[at + 1] - '0'); };
+    return TimeFields{field(0), field(3), field(6)};
+}
+
 std::string_view fieldAt(std::string_view time, std::size_t position)
 {
     return characters(time, position, kFieldWidth);
+}
+
+/// The minutes of a total are its first two characters, also when it has more: totals of a hundred minutes and above
+/// have always been carried on from the truncated value, and players compare with results saved that way. The
+/// hundredths are its last two.
+TimeFields fieldsOfTotal(std::string_view total)
+{
+    if (const auto plain = plainFields(total)) return *plain;
+    return {integerOf(firstCharacters(total, kFieldWidth)), integerOf(fieldAt(total, kSecondsAt)),
+            integerOf(lastCharacters(total, kFieldWidth))};
+}
+
+/// The hundredths of a time that is added stand at a fixed position.
+TimeFields fieldsOfAdded(std::string_view time)
+{
+    if (const auto plain = plainFields(time)) return *plain;
+    return {integerOf(firstCharacters(time, kFieldWidth)), integerOf(fieldAt(time, kSecondsAt)),
+            integerOf(fieldAt(time, kHundredthsAt))};
+}
+
+void appendTwoDigits(std::string& text, double number)
+{
+    const int whole = number >= 0 && number < 100 ? static_cast<int>(number) : -1;
+    if (whole == number) {
+        text += static_cast<char>('0' + whole / 10);
+        text += static_cast<char>('0' + whole % 10);
+        return;
+    }
+    const std::string digits = decimal(number);
+    if (digits.size() == 1) text += '0';
+    text += digits;
+}
+
+std::string timeText(double minutes, double seconds, double hundredths)
+{
+    std::string text;
+    appendTwoDigits(text, minutes);
+    text += ':';
+    appendTwoDigits(text, seconds);
+    text += ':';
+    appendTwoDigits(text, hundredths);
+    return text;
 }
 
 }  // namespace
 
 std::string twoDigits(double number)
 {
-    std::string text = decimal(number);
-    if (text.size() == 1) text.insert(0, 1, '0');
+    std::string text;
+    appendTwoDigits(text, number);
     return text;
 }
 
 std::string AddTime(std::string_view a, std::string_view b)
 {
-    // The minutes of a total are its first two characters, also when it has more: totals of a hundred
-    // minutes and above have always been carried on from the truncated value, and players compare
-    // with results saved that way. The hundredths of a total are its last two characters, those of the
-    // added time stand at a fixed position.
-    std::int32_t hundredths = integerOf(lastCharacters(a, kFieldWidth)) + integerOf(fieldAt(b, kHundredthsAt));
-    std::int32_t seconds = integerOf(fieldAt(a, kSecondsAt)) + integerOf(fieldAt(b, kSecondsAt));
-    std::int32_t minutes = integerOf(firstCharacters(a, kFieldWidth)) + integerOf(firstCharacters(b, kFieldWidth));
+    const TimeFields total = fieldsOfTotal(a);
+    const TimeFields added = fieldsOfAdded(b);
+    std::int32_t hundredths = total.hundredths + added.hundredths;
+    std::int32_t seconds = total.seconds + added.seconds;
+    std::int32_t minutes = total.minutes + added.minutes;
     const std::int32_t wholeSeconds = hundredths / 100;
     hundredths -= 100 * wholeSeconds;
     seconds += wholeSeconds;
     const std::int32_t wholeMinutes = seconds / 60;
     seconds -= 60 * wholeMinutes;
     minutes += wholeMinutes;
-    return twoDigits(minutes) + ":" + twoDigits(seconds) + ":" + twoDigits(hundredths);
+    return timeText(minutes, seconds, hundredths);
 }
 
 double HundredthsOf(std::string_view time)
 {
+    if (const auto plain = plainFields(time)) return (plain->minutes * 60 + plain->seconds) * 100 + plain->hundredths;
     const double minutes = numberOf(firstCharacters(time, kFieldWidth));
     const double seconds = numberOf(fieldAt(time, kSecondsAt));
     return (minutes * 60 + seconds) * 100 + numberOf(lastCharacters(time, kFieldWidth));
@@ -83,7 +151,7 @@ Difference TimeDifference(std::string_view first, std::string_view second)
         if (result.seconds > 60) result.minutes = std::trunc(result.seconds / 60);
         result.seconds -= 60 * result.minutes;
     }
-    result.text = twoDigits(result.minutes) + ":" + twoDigits(result.seconds) + ":" + twoDigits(result.hundredths);
+    result.text = timeText(result.minutes, result.seconds, result.hundredths);
     return result;
 }
 
