@@ -20,7 +20,7 @@ files() {
         git ls-files -z --cached --deduplicate
     else
         find . \( -path './build*' -o -path './obj-*' -o -path ./debian -o -path ./.pc -o -name __pycache__ \) -prune -o \
-            -type f -printf '%P\0'
+            \( -type f -o -type l \) -printf '%P\0'
     fi
 }
 
