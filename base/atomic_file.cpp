@@ -167,7 +167,12 @@ void AtomicFile::openTemporary()
         if (error == std::errc::file_exists) continue;
         failIf(error);
         // Until it was locked another program could take it for a leftover.
-        if (file.lock() == OpenFile::Lock::Busy || !file.isAt(temporary)) continue;
+        if (file.lock() == OpenFile::Lock::Busy) continue;
+        if (!file.isAt(temporary)) {
+            file.close();
+            removeIfLeft(temporary);  // only where the system could not tell: nothing would come back for it
+            continue;
+        }
         m_temporary = std::move(temporary);
         m_file = std::move(file);
     }
