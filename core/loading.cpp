@@ -40,6 +40,7 @@ void startAnew(Session& session)
     session.comparedWith = CompareMethod::AnotherFile;
     session.CompPath.clear();
     session.CompCategory.clear();
+    session.hasSettings = false;
 }
 
 void readLayout(const Session& session, LoadingHost& host)
@@ -170,10 +171,8 @@ void Init(Session& session)
     if (session.StatsPath.empty()) session.StatsPath = textOf(session.programFolder / "stats.txt");
     if (session.CompPath.empty()) session.CompPath = session.StatsPath;
     session.comparedWith = methodOfPath(session.CompPath);
-    const Names names = parseNames(readFileIfThere(namesFile(session.userFolder)).value_or(""));
-    session.state.Player1Name = names.player1;
-    session.state.Player2Name = names.player2;
-    session.state.TeamName = names.team;
+    readNames(session);
+    session.hasSettings = true;
 }
 
 LoadingResult load(Session& session, LoadingHost& host, const LoadingOptions& options)

@@ -42,6 +42,19 @@ void showChangedNames(Session& session, const std::string& oldPlayer1, const std
     }
 }
 
+void readNames(Session& session)
+{
+    const Names names = parseNames(readFileIfThere(namesFile(session.userFolder)).value_or(""));
+    session.state.Player1Name = names.player1;
+    session.state.Player2Name = names.player2;
+    session.state.TeamName = names.team;
+}
+
+void completeNames(Session& session)
+{
+    if (!session.hasSettings && !session.userFolder.empty()) readNames(session);
+}
+
 void saveNames(const Session& session)
 {
     // No user's names: a loading that has ended before it knew the user leaves no folder to write into.

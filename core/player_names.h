@@ -23,6 +23,12 @@ void showChangedNames(Session& session, const std::string& oldPlayer1, const std
 /// Headers of both players and the team.
 void showNamesInHeaders(Session& session);
 
+/// The names of the user's `names.dat`, or the designed ones. Throws as reading a file does.
+void readNames(Session& session);
+
+/// Reads the names where a loading has ended before it came to them: saving one of them must not lose the others.
+void completeNames(Session& session);
+
 /// Rewrites `names.dat`. Throws RunTimeError(PathNotFound) when no user is known.
 void saveNames(const Session& session);
 

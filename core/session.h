@@ -36,6 +36,7 @@ struct Session
     CompareMethod comparedWith = CompareMethod::AnotherFile;
     std::string CompPath;      ///< the file compared with, as typed, or kCompareWithTargets
     std::string CompCategory;  ///< the grade compared with; empty when comparing with a file
+    bool hasSettings = false;  ///< the loading has come past the user's settings and names
     BugTimes BugTimes1;
     BugTimes BugTimes2;
 };

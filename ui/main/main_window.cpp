@@ -303,6 +303,7 @@ void Form1::popUpAtSelectedRow()
 void Form1::lv_ColumnClick(int section)
 {
     kavo::Session& session = m_services.session;
+    kavo::completeNames(session);
     const std::string oldPlayer1 = session.state.Player1Name;
     const std::string oldPlayer2 = session.state.Player2Name;
     askName(static_cast<kavo::Column>(section));

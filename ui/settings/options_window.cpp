@@ -4,6 +4,7 @@
 #include "ui/settings/options_window.h"
 
 #include "base/file_name.h"
+#include "base/run_time_error.h"
 #include "base/text_file.h"
 #include "core/session.h"
 #include "forms/event_guard.h"
@@ -17,6 +18,20 @@
 using kavo::CompareMethod;
 using kavo::fromScreen;
 using kavo::toScreen;
+
+namespace {
+
+/// None in a file that ends too early.
+std::optional<double> fontSizeIn(std::string_view settings)
+{
+    try {
+        return kavo::parseSettings(settings).fontSize;
+    } catch (const kavo::RunTimeError&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
 
 Form2::Form2(const kavo::Services& services, QWidget* parent)
     : SecondaryWindow(services, parent), ui(std::make_unique<Ui::Form2>())
@@ -48,14 +63,40 @@ void Form2::Form_Load()
 {
     m_shown = settingsOfControls();
     try {
-        const auto folder = currentUserFolder();
-        if (const auto text = kavo::readFileIfThere(kavo::settingsFile(folder)))
-            m_shown = kavo::parseSettingsLeniently(*text, m_shown);
-        showSettings();
+        readSettings();
         applyColours();
     } catch (const std::exception&) {
         // Whatever cannot be read keeps its designed value: this is the window that mends settings.
     }
+}
+
+void Form2::readSettings()
+{
+    m_unread = nullptr;
+    try {
+        if (const auto text = kavo::readFileIfThere(kavo::settingsFile(currentUserFolder()))) {
+            m_shown = kavo::parseSettingsLeniently(*text, m_shown);
+            m_fontSize = fontSizeIn(*text);
+        }
+        showSettings();
+    } catch (const std::exception&) {
+        m_unread = std::current_exception();
+        throw;
+    }
+}
+
+/// Settings that could not be read when the window opened, and can be now, are shown before they are overwritten:
+/// what stands in the window is not what the user has chosen. What still cannot be read is written anew.
+void Form2::showUnreadSettings()
+{
+    const std::exception_ptr failure = m_unread;
+    if (!failure) return;
+    try {
+        readSettings();
+    } catch (const std::exception&) {
+        return;
+    }
+    std::rethrow_exception(failure);
 }
 
 void Form2::showSettings()
@@ -76,7 +117,13 @@ kavo::Settings Form2::settingsOfControls() const
             .compareMethod = static_cast<int>(method),
             .otherPath = fromScreen(ui->Text2->text(), m_shown.otherPath),
             .category = fromScreen(ui->Combo1->currentText(), m_shown.category),
-            .fontSize = session().fontSize};
+            .fontSize = fontSize()};
+}
+
+/// The table's. A loading that has ended before it read the settings knows none: then the one in their file stays.
+double Form2::fontSize() const
+{
+    return session().hasSettings ? session().fontSize : m_fontSize.value_or(session().fontSize);
 }
 
 // Option1, Option2, Option3: the compare method; only the controls of the chosen one are enabled
@@ -135,6 +182,7 @@ void Form2::Command2_Click()
 // Command3: save and reload
 void Form2::Command3_Click()
 {
+    showUnreadSettings();
     const kavo::Settings settings = settingsOfControls();
     kavo::saveSettings(currentUserFolder(), settings);
     keepFirstResults(settings);

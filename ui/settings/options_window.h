@@ -6,7 +6,9 @@
 #include "core/settings.h"
 #include "forms/secondary_window.h"
 
+#include <exception>
 #include <memory>
+#include <optional>
 
 class QLineEdit;
 
@@ -53,11 +55,16 @@ private:
     void Command5_Click();
     void browse(QLineEdit& box);
     [[nodiscard]] QString startOfBrowsing(const QString& typed) const;
+    void readSettings();
     void showSettings();
+    void showUnreadSettings();
     void keepFirstResults(const kavo::Settings& settings);
     [[nodiscard]] kavo::Settings settingsOfControls() const;
+    [[nodiscard]] double fontSize() const;
 
     std::unique_ptr<Ui::Form2> ui;
-    QString m_designedPath;  ///< what the path boxes hold before a path has been chosen
-    kavo::Settings m_shown;  ///< what the controls were filled with, byte for byte
+    QString m_designedPath;            ///< what the path boxes hold before a path has been chosen
+    kavo::Settings m_shown;            ///< what the controls were filled with, byte for byte
+    std::optional<double> m_fontSize;  ///< that stands in the settings file
+    std::exception_ptr m_unread;       ///< why the settings could not be read, if so
 };

@@ -154,6 +154,31 @@ TEST_F(PlayerNames, FailedWriteIsToldOnce)
     EXPECT_TRUE(folder.has("Marek/names.dat/in the way"));
 }
 
+TEST_F(PlayerNames, NamesThatAFailedLoadingHasNotReadStay)
+{
+    folder.write("Marek/names.dat", "Ann\r\nBob\r\nDuo\r\n");
+    folder.write("Marek/view.dat", "");
+    std::filesystem::resize_file(folder / "Marek/view.dat", std::uintmax_t{1} << 40U);  // takes no room
+    expectError("File too large: view.dat");
+    startLoggedIn();
+    EXPECT_EQ(header(1), "Time 1");
+    prompts.expectLine({"Change team name", "Input team name:", "Duo"}, QString("Pair"));
+    clickHeader(6);
+    EXPECT_EQ(folder.read("Marek/names.dat"), "Ann\r\nBob\r\nPair\r\n");
+    EXPECT_EQ(header(1), "Ann");
+}
+
+TEST_F(PlayerNames, NamesThatCannotBeReadAreToldAndStay)
+{
+    folder.write("Marek/names.dat", "");
+    std::filesystem::resize_file(folder / "Marek/names.dat", std::uintmax_t{1} << 40U);
+    expectError("File too large: names.dat");
+    startLoggedIn();
+    expectError("File too large: names.dat");
+    clickHeader(6);
+    EXPECT_EQ(std::filesystem::file_size(folder / "Marek/names.dat"), std::uintmax_t{1} << 40U);
+}
+
 TEST_F(PlayerNames, EmptyTableCanBeRenamedToo)
 {
     std::filesystem::remove(folder / "game/stats.txt");

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTreeView>
 
 namespace {
 
@@ -334,6 +335,54 @@ TEST_F(OptionsWindow, SaveOnTheFirstRunGivesOneCleanLoading)
     EXPECT_EQ(cell(55, 0), "TOTAL TIME:");
     EXPECT_EQ(header(1), "Marek");
     EXPECT_TRUE(mainWindow().isVisible());
+}
+
+TEST_F(OptionsWindow, SaveKeepsTheFontSizeThatAFailedLoadingHasNotRead)
+{
+    folder.write("Marek/view.dat", "");
+    std::filesystem::resize_file(folder / "Marek/view.dat", std::uintmax_t{1} << 40U);  // takes no room
+    folder.write("Marek/data.ini", "game/stats.txt\r\n 2 \r\nfriend/stats.txt\r\n\r\n 13.5 \r\n");
+    expectError("File too large: view.dat");
+    look([this](const QWidget& window) {
+        std::filesystem::remove(folder / "Marek/view.dat");
+        press(window, "Command3");
+    });
+    EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n 2 \r\nfriend/stats.txt\r\n\r\n 13.5 \r\n");
+    EXPECT_DOUBLE_EQ(list().font().pointSizeF(), 13.5);
+}
+
+TEST_F(OptionsWindow, SettingsThatCouldNotBeReadAreShownBeforeTheyAreOverwritten)
+{
+    const std::string settings = "game/stats.txt\r\n 3 \r\nfriend/stats.txt\r\nGood\r\n 13.5 \r\n";
+    folder.write("Marek/data.ini", "");
+    std::filesystem::resize_file(folder / "Marek/data.ini", std::uintmax_t{1} << 40U);
+    expectError("File too large: data.ini");  // the loading's
+    look([&](const QWidget& window) {
+        EXPECT_EQ(line(window, "Text1").text(), "\\stats.txt");
+        folder.write("Marek/data.ini", settings);
+        expectError("File too large: data.ini");
+        press(window, "Command3");
+        EXPECT_EQ(folder.read("Marek/data.ini"), settings);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(line(window, "Text1").text(), "game/stats.txt");
+        EXPECT_EQ(category(window).currentText(), "Good");
+        press(window, "Command3");
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(folder.read("Marek/data.ini"), settings);
+}
+
+TEST_F(OptionsWindow, SettingsThatCannotBeReadAreWrittenAnew)
+{
+    folder.write("Marek/data.ini", "");
+    std::filesystem::resize_file(folder / "Marek/data.ini", std::uintmax_t{1} << 40U);
+    expectError("File too large: data.ini");  // the loading's
+    look([](const QWidget& window) {
+        type(line(window, "Text1"), "game/stats.txt");
+        press(window, "Command3");
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n 1 \r\n\\stats.txt\r\n\r\n 8 \r\n");
 }
 
 TEST_F(OptionsWindow, WrongFileOpensItAndSaveLoadsTheRightOne)
