@@ -3,6 +3,7 @@
 
 #include "base/file_name.h"
 #include "base/run_time_error.h"
+#include "base/text_file.h"
 #include "cli/command_factories.h"
 #include "cli/report_output.h"
 #include "reports/html_export.h"
@@ -26,7 +27,8 @@ public:
     {
         const auto path = fileNamed(m_template);
         if (!fileExists(path)) throw RunTimeError(Failure::FileNotFound, path);
-        const TemplateSections sections = loadTemplateFile({}, path);
+        // Silently read as far as it goes, but for a file that cannot be read at all: no report is replaced for that.
+        const TemplateSections sections = loadTemplate({}, readFile(path));
         const std::time_t now = context.now();
         return writeReport(
             context, m_file,

@@ -183,7 +183,7 @@ private:
     {
         if (m_options.output)
             m_renderings.push_back({[this](Session& session) {
-                const TemplateSections sections = loadTemplateFile({}, *m_options.templateFile);
+                const TemplateSections sections = loadTemplate({}, readFile(*m_options.templateFile));
                 exportHtml(session, sections, m_context.now(), *m_options.output);
             }});
         if (m_options.dashboard)

@@ -111,6 +111,17 @@ TEST_F(Export, MissingTemplateIsAnErrorAndWritesNothing)
     EXPECT_FALSE(folder.has("report.html"));
 }
 
+TEST_F(Export, TemplateThatCannotBeReadIsToldAndKeepsTheFormerReport)
+{
+    folder.write("report.html", "old");
+    folder.write("mine.ett", "");
+    fs::resize_file(folder / "mine.ett", std::uintmax_t{1} << 40U);  // takes no room
+    const Outcome outcome = run({"export-html", "--template", path("mine.ett"), path("report.html")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: File too large: " + path("mine.ett") + "\n");
+    EXPECT_EQ(folder.read("report.html"), "old");
+}
+
 TEST_F(Export, DamagedTemplateIsExportedAsFarAsItWasRead)
 {
     folder.write("short.ett", "first\r\n%template2%\r\nloop\r\n");

@@ -215,6 +215,24 @@ TEST_F(WatchCommand, RendersAtTheNextLookWhatCouldNotBeRenderedYet)
     EXPECT_TRUE(fs::is_regular_file(folder / "overlay.html"));
 }
 
+TEST_F(WatchCommand, KeepsTheFormerReportWhileTheTemplateCannotBeRead)
+{
+    const std::string report = "\r\nReport\r\n%template2%\r\n\r\n%template3%\r\n\r\n%template4%\r\n\r\n";
+    folder.write("overlay.html", "old");
+    folder.write("overlay.ett", "");
+    fs::resize_file(folder / "overlay.ett", std::uintmax_t{1} << 40U);  // takes no room
+    std::string meanwhile;
+    at(5s, [&] {
+        meanwhile = folder.read("overlay.html");
+        folder.write("overlay.ett", report);
+    });
+    const Outcome outcome =
+        watch(8s, {"--template", (folder / "overlay.ett").string(), "--output", (folder / "overlay.html").string()});
+    EXPECT_EQ(meanwhile, "old");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: File too large: overlay.ett\n");
+    EXPECT_NE(folder.read("overlay.html").find("Report\r\n"), std::string::npos);
+}
+
 TEST_F(WatchCommand, RendersTheDashboardAnewEachTime)
 {
     const std::vector<std::string> options = {"--dashboard", (folder / "page.html").string()};
