@@ -3,6 +3,7 @@
 
 #include "cli/table_print.h"
 
+#include "base/text.h"
 #include "cli/column_fit.h"
 
 #include <array>
@@ -12,12 +13,21 @@ namespace kavo {
 
 namespace {
 
+constexpr std::size_t kLongestCell = 4096;  // characters, as in the windows
+
+/// What a line of the table has room for: padded to the longest of 55 names, megabytes of it become gigabytes.
+std::string shown(std::string_view text)
+{
+    const std::string_view beginning = firstCharacters(text, kLongestCell);
+    return std::string(beginning).append(beginning.size() < text.size() ? "…" : "");
+}
+
 PrintedRow headersOf(const ResultsTable& table)
 {
     PrintedRow printed;
     printed.reserve(kColumns);
     for (int column = 0; column < kColumns; ++column)
-        printed.push_back({.text = table.header(static_cast<Column>(column)), .bold = true});
+        printed.push_back({.text = shown(table.header(static_cast<Column>(column))), .bold = true});
     return printed;
 }
 
@@ -27,7 +37,7 @@ PrintedRow rowOf(const ResultsTable& table, int row)
     printed.reserve(kColumns);
     for (int column = 0; column < kColumns; ++column) {
         const Cell& cell = table.cell(row, static_cast<Column>(column));
-        printed.push_back({.text = cell.text, .colour = cell.colour, .bold = cell.bold});
+        printed.push_back({.text = shown(cell.text), .colour = cell.colour, .bold = cell.bold});
     }
     return printed;
 }

@@ -319,6 +319,17 @@ TEST_F(Show, ColoursATerminal)
     EXPECT_EQ(run({"show", "--colour", "sometimes"}).status, 2);
 }
 
+TEST_F(Show, CutsNamesThatNoScreenHasRoomForAndPrintsThemWholeAsJson)
+{
+    const std::string longest(4096, 'A');
+    folder.write("bob/names.dat", longest + "BC\r\n" + longest + "\r\n");
+    const std::string headers = lineOf(run({"show"}).out, 1);
+    EXPECT_NE(headers.find("  " + longest + "…  "), std::string::npos);
+    EXPECT_NE(headers.find("  " + longest + "  "), std::string::npos);
+    EXPECT_EQ(json()["names"]["player1"], longest + "BC");
+    EXPECT_EQ(json()["headers"][1], longest + "BC");
+}
+
 TEST_F(Show, KeepsControlCharactersFromTheTerminal)
 {
     folder.write("bob/names.dat",
