@@ -210,6 +210,8 @@ faults() {
 fuzz() {
     local limit="$1" target name
     shift
+    # Some targets write a folder of files for each input.
+    [ ! -w /dev/shm ] || export TMPDIR=/dev/shm
     install_packages fuzz
     build build-fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKAVO_FUZZ=ON -DKAVO_GUI=OFF \
         -DKAVO_TESTS=OFF -DKAVO_LIBREOFFICE=OFF
