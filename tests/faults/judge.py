@@ -3,6 +3,7 @@
 
 """What must hold after an operation that was killed, that failed or that met something odd."""
 
+import itertools
 import os
 import re
 
@@ -57,12 +58,14 @@ class Expected:
 
     def is_done(self):
         steps = [f"done: {step}" for step in self.operation.steps]
-        return self.result.status == 0 and all(step in self.result.out for step in steps)
+        is_missed = "missing: " in self.result.out or "not opened: " in self.result.out
+        return self.result.status == 0 and not is_missed and all(step in self.result.out for step in steps)
 
-    def faults_of_state(self, after):
+    def faults_of_state(self, after, result):
         for path in sorted(self.known):
             content = after.get(path)
-            if not any(content == state.get(path) for state in self.states) and not is_whole_layout(path, content):
+            is_known = any(content == state.get(path) for state in self.states) or is_whole_layout(path, content)
+            if not is_known and not self.is_as_shown(path, content, result):
                 yield "file neither old nor new", path
         for path in sorted(set(after) - self.known):
             if path.endswith(".ini"):
@@ -71,15 +74,31 @@ class Expected:
         if kept and not any(content == kept for path, content in after.items() if path in self.known):
             yield "former targets lost", "no file of the program folder holds them"
 
+    def surplus_of_steps(self, result):
+        steps = itertools.zip_longest(result.words_of_steps(), self.result.words_of_steps(), fillvalue=[])
+        return [surplus(told, expected) for told, expected in steps]
+
+    def is_as_shown(self, path, content, result):
+        """What is written of the table after a start that could not read everything, and said so, is of the table as
+        it stands there before the user's eyes. It has to be whole."""
+        form = self.operation.as_shown.get(path)
+        is_told = bool(self.surplus_of_steps(result)[0])
+        return form and is_told and isinstance(content, bytes) and form.fullmatch(content)
+
     def faults_of_words(self, result, after):
         """The user is told when a file could not be saved: once."""
         failed = {path for path in self.known if after.get(path) != self.new.get(path)}
         told = surplus(result.boxes(), self.result.boxes())
-        if failed - self.operation.silent and not (told and (self.operation.is_window or result.status != 0)):
+        # What a window does not offer, because it could not be read, nobody has chosen: nothing was to be saved.
+        is_asked = "missing: " not in result.out
+        is_told = told and (self.operation.is_window or result.status != 0)
+        if failed - self.operation.silent and is_asked and not is_told:
             yield "user not told", f"{', '.join(sorted(failed))} not saved, exit status {result.status}"
-        # One call that fails is one word; on a full disk each file that is not saved has its own.
+        # One call that fails is one word, and one more for what can then not be done: the start and what the user does
+        # afterwards speak for themselves. On a full disk each file that is not saved has its own.
         is_single_fault = bool(self.calls) and self.operation.is_window
-        if len(told) > 1 and (is_single_fault or len(set(told)) < len(told)):
+        is_repeated = is_single_fault and any(len(words) > 1 for words in self.surplus_of_steps(result))
+        if is_repeated or (not is_single_fault and len(set(told)) < len(told)):
             yield "user told more than once", " | ".join(told)
 
 
@@ -95,14 +114,14 @@ class Judge:
         if not self.expected.is_done():
             findings.add("operation does not work", operation.name,
                          self.expected.result.out + self.expected.result.errors)
-        for kind, detail in self.expected.faults_of_state(self.expected.new):
+        for kind, detail in self.expected.faults_of_state(self.expected.new, self.expected.result):
             findings.add(kind, operation.name + " without a fault", detail)
 
     def judge(self, name, result, place, is_killed=False, note="", make_room=lambda: None):
         """Counts a point, and adds what is wrong with what it has left."""
         self.findings.count()
         after = sandbox.snapshot(place.root)
-        faults = list(self.expected.faults_of_state(after))
+        faults = list(self.expected.faults_of_state(after, result))
         if result.is_hanging:
             faults.append(("hangs", f"more than {result.seconds:.0f} s"))
         elif not is_killed and result.is_crash():

@@ -132,6 +132,7 @@ bool Operations::run(const std::string& name)
     const bool hasLogin = operation->needs != Needs::Login || m_program.loginWindow().isVisible();
     const bool hasMain = operation->needs != Needs::MainWindow || mainWindow().isVisible();
     leaveMark(name);
+    say("begin", QString::fromStdString(name));
     if (hasLogin && hasMain) {
         guarded([this, operation] { (this->*operation->run)(); });
         QApplication::processEvents();
@@ -224,7 +225,10 @@ void Operations::restoreDefaultColours()
 void Operations::setScheme()
 {
     withWindow("Form3", [](QWidget& window) {
-        onControl<QComboBox>(window, "cmbSheme", [](QComboBox& box) { box.setCurrentText("night"); });
+        onControl<QComboBox>(window, "cmbSheme", [](QComboBox& box) {
+            if (box.findText("night") < 0) say("missing", "night");
+            box.setCurrentText("night");
+        });
         press(window, "Command5");
     });
 }

@@ -30,8 +30,19 @@ class Result(NamedTuple):
 
     def boxes(self):
         """What the user was told: message boxes and standard error."""
-        boxes = [line[5:] for line in self.out.splitlines() if line.startswith("box: ")]
-        return boxes + [line for line in self.errors.splitlines() if line.strip()]
+        return [text for words in self.words_of_steps() for text in words]
+
+    def words_of_steps(self):
+        """The same for each step: the start, then what the user did. Where an error was printed is not known: it counts
+        as the last step's."""
+        steps = [[]]
+        for line in self.out.splitlines():
+            if line.startswith("begin: "):
+                steps.append([])
+            elif line.startswith("box: "):
+                steps[-1].append(line[5:])
+        steps[-1] += [line for line in self.errors.splitlines() if line.strip()]
+        return steps
 
     def is_crash(self):
         return (self.status not in (0, 1, 2) and not self.is_hanging) or "Sanitizer" in self.errors or (
@@ -80,6 +91,9 @@ class Programs:
             "QT_NO_GLIB": "1",
             "LC_ALL": "C.UTF-8",
             "KAVO_HISTORY": "off",
+            # Nobody reads what a build that counts covered lines says of the counts that it cannot keep here.
+            "GCOV_PREFIX": os.path.join(self.folder, "nowhere"),
+            "GCOV_ERROR_FILE": os.devnull,
             "ASAN_OPTIONS": "detect_leaks=0:abort_on_error=1:handle_abort=0:hard_rss_limit_mb=8192",
             "UBSAN_OPTIONS": "halt_on_error=1:abort_on_error=1",
         }
