@@ -4,6 +4,7 @@
 #include "app/program.h"
 
 #include "base/file_name.h"
+#include "insight/best_ever_tip.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -51,6 +52,10 @@ void Program::start()
 void Program::rememberResults(const HistorySources& sources)
 {
     m_keeper.emplace(sources);
+    m_mainWindow->tellOfTimes([this](int level, std::string_view time) {
+        const auto best = m_keeper->bestEver(m_session);
+        return best ? bestEverTip(*best, level, time) : std::string();
+    });
     connect(m_mainWindow.get(), &Form1::painted, this, &Program::keepResults);
     // Behind what the window has to do for itself.
     connect(m_mainWindow.get(), &Form1::loaded, this, &Program::keepResults, Qt::QueuedConnection);

@@ -39,17 +39,20 @@ void takeState(BestEver& best, const StatisticsTimes& times, std::string_view st
     }
 }
 
+void takeRemembered(BestEver& best, const HistoryStore& history, std::string_view state)
+{
+    try {
+        const std::string text = history.read(state);
+        if (isStatisticsFile(text)) takeState(best, parseStatisticsTimes(text), state);
+    } catch (const RunTimeError&) {
+        // Not what was remembered.
+    }
+}
+
 BestEver bestEverOf(const HistoryStore& history)
 {
     BestEver best;
-    for (const RememberedState& state : history.states()) {
-        try {
-            const std::string text = history.read(state.name);
-            if (isStatisticsFile(text)) takeState(best, parseStatisticsTimes(text), state.name);
-        } catch (const RunTimeError&) {
-            // Not what was remembered: somebody has changed it or taken it away.
-        }
-    }
+    for (const RememberedState& state : history.states()) takeRemembered(best, history, state.name);
     return best;
 }
 

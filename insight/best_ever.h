@@ -27,8 +27,11 @@ using BestEver = OneBased<BestEverLevel, kLevels>;
 /// beats nothing.
 void takeState(BestEver& best, const StatisticsTimes& times, std::string_view state);
 
-/// The best of everything remembered. Files that are no whole statistics files (somebody has changed them)
-/// are passed over.
+/// Takes a remembered state in, later than those before it. One that is no whole statistics file (somebody has
+/// changed it or taken it away) is passed over.
+void takeRemembered(BestEver& best, const HistoryStore& history, std::string_view state);
+
+/// The best of everything remembered.
 [[nodiscard]] BestEver bestEverOf(const HistoryStore& history);
 
 /// The same as the content of a statistics file, for totals and comparisons.

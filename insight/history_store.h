@@ -20,6 +20,8 @@ struct RememberedState
     std::string name;  ///< of its file
     std::time_t moment = 0;
     FileMark mark;
+
+    bool operator==(const RememberedState&) const = default;
 };
 
 enum class Remembering {

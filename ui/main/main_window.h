@@ -62,6 +62,9 @@ public:
     /// Whether the table has ever been painted.
     [[nodiscard]] bool isPainted() const { return m_isPainted; }
 
+    /// Tells in tool tips what else is known of player 1's times.
+    void tellOfTimes(kavo::TimeNote note) { m_model.tellOfTimes(std::move(note)); }
+
     /// Puts another spreadsheet application in place of the platform's.
     void setSpreadsheet(kavo::CreateSpreadsheet create) { m_createSpreadsheet = std::move(create); }
 

@@ -42,7 +42,8 @@ bool ResultsDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, cons
     if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
     const bool isCut = sizeHint(option, index).width() > option.rect.width();
     const QString text = isCut ? index.data(Qt::DisplayRole).toString() : QString();
-    QToolTip::showText(event->globalPos(), toolTipOf({text, index.data(Qt::ToolTipRole).toString()}), view);
+    const QStringList notes = index.data(Qt::ToolTipRole).toString().split('\n');
+    QToolTip::showText(event->globalPos(), toolTipOf(QStringList(text) + notes), view);
     return true;
 }
 

@@ -63,21 +63,24 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const
         font.setBold(cell.bold);
         return font;
     }
-    case Qt::ToolTipRole: return cellToolTip(row, column);
+    case Qt::ToolTipRole: return cellNotes(row, column).join('\n');
     case Qt::AccessibleDescriptionRole: return cellDescription(row, column);
     default: return {};
     }
 }
 
-/// Of a time or its grade: what is missing to the next one.
-QString ResultsModel::cellToolTip(int row, Column column) const
+/// Of a time or its grade: what is missing to the next one, and of player 1's what was better once.
+QStringList ResultsModel::cellNotes(int row, Column column) const
 {
     const auto graded = std::find_if(kGradedColumns.begin(), kGradedColumns.end(), [column](const auto& columns) {
         return columns.time == column || columns.grade == column;
     });
     if (graded == kGradedColumns.end()) return {};
-    const ResultsTable& table = m_session.table;
-    return toScreen(gradeTip(m_session.state, row, table.text(row, graded->time), table.text(row, graded->grade)));
+    const std::string& time = m_session.table.text(row, graded->time);
+    QStringList notes(toScreen(gradeTip(m_session.state, row, time, m_session.table.text(row, graded->grade))));
+    if (graded->time == Column::Time1 && row <= kLevels && m_note) notes << toScreen(m_note(row, time));
+    notes.removeAll({});
+    return notes;
 }
 
 /// What bold letters or a colour tell those who see them.
@@ -88,8 +91,7 @@ QString ResultsModel::cellDescription(int row, Column column) const
     const bool isMarked = row == kTotalsRow ? cell.colour.has_value() : cell.bold;
     QStringList parts;
     if (isPlayer && isMarked && !cell.text.empty()) parts << "faster";
-    parts << cellToolTip(row, column);
-    parts.removeAll({});
+    parts << cellNotes(row, column);
     return parts.join(", ");
 }
 

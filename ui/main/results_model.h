@@ -8,8 +8,11 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace kavo {
 
@@ -19,6 +22,9 @@ struct Filter
     FilterSide side = FilterSide::Player1;
     std::string name;
 };
+
+/// What else there is to tell of a player's time on a level; empty where there is nothing.
+using TimeNote = std::function<std::string(int level, std::string_view time)>;
 
 /// Shows the session's results table in the list; holds nothing of it but while the table changes.
 class ResultsModel final : public QAbstractTableModel
@@ -36,13 +42,17 @@ public:
     /// Marks the column of the player whose levels a filter keeps; nothing takes the mark away.
     void markFilter(const std::optional<Filter>& filter);
 
+    /// Asked for each tool tip of a time of player 1 and its grade. A second player's history is not known: whose
+    /// file that is may change at any time.
+    void tellOfTimes(TimeNote note) { m_note = std::move(note); }
+
     /// Texts have changed in place.
     void textsChanged();
 
 private:
     friend class TableChange;
 
-    [[nodiscard]] QString cellToolTip(int row, Column column) const;
+    [[nodiscard]] QStringList cellNotes(int row, Column column) const;
     [[nodiscard]] QString cellDescription(int row, Column column) const;
     [[nodiscard]] QString headerToolTip(Column column) const;
     [[nodiscard]] bool isFiltered(Column column) const;
@@ -54,6 +64,7 @@ private:
     const Session& m_session;
     std::optional<Filter> m_filter;
     ResultsTable m_before;
+    TimeNote m_note;
 };
 
 /// Brackets a change of the whole table, which ends with this object: what is other than before is shown anew, and

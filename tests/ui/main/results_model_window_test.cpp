@@ -99,4 +99,29 @@ TEST_F(ResultsModel, ShowsANameWithMarkupInAToolTipAsItIs)
     EXPECT_TRUE(shownTip(1, 8).contains("&lt;b&gt;bold&lt;/b&gt;")) << qPrintable(shownTip(1, 8));
 }
 
+TEST_F(ResultsModel, TellsWhatElseIsKnownOfPlayerOnesTimes)
+{
+    std::vector<std::string> asked;
+    mainWindow().tellOfTimes([&asked](int level, std::string_view time) {
+        asked.push_back(std::to_string(level) + " " + std::string(time));
+        return level == 1 ? "Best ever: 00:18:00" : "";
+    });
+    const QString grade = "World Class. 9.33 s to World Record (00:10:00)";
+    for (const int column : {1, 2}) EXPECT_EQ(tip(1, column), grade + "\nBest ever: 00:18:00");
+    for (const int column : {6, 7}) EXPECT_EQ(tip(1, column), grade) << "the team's";
+    EXPECT_EQ(tip(1, 3), "Good. 5.00 s to Professional (00:30:00)") << "player 2's";
+    for (const int column : {0, 5, 8}) EXPECT_EQ(tip(1, column), "");
+    EXPECT_EQ(tip(2, 1), "Beginner");
+    EXPECT_EQ(description(1, 1), "faster, " + grade + ", Best ever: 00:18:00");
+    EXPECT_TRUE(tip(55, 1).startsWith("Beginner"));
+    EXPECT_EQ(asked, (std::vector<std::string>{"1 00:19:33", "1 00:19:33", "2 SKIPPED", "1 00:19:33"}));
+}
+
+TEST_F(ResultsModel, ShowsEachNoteOnALineOfItsOwnAndMarkupAsItIs)
+{
+    mainWindow().tellOfTimes([](int, std::string_view) { return "Best ever: 00<18>00"; });
+    list().setColumnWidth(1, 300);
+    EXPECT_TRUE(shownTip(1, 1).contains("(00:10:00)<br>Best ever: 00&lt;18&gt;00</p>")) << qPrintable(shownTip(1, 1));
+}
+
 }  // namespace
