@@ -11,6 +11,7 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <cmath>
 
 namespace kavo {
 
@@ -82,6 +83,32 @@ auto markDrawer(QStyle::PrimitiveElement element, const QWidget* widget) -> void
     return nullptr;
 }
 
+/// Moves what is drawn to the next whole pixel of the screen. At 150 % a widget may begin in the midst of one, and a
+/// line along its left or upper edge would be drawn just outside of it.
+class OnWholePixels final
+{
+public:
+    OnWholePixels(QPainter& painter, const QPoint& corner) : m_painter(painter)
+    {
+        m_painter.save();
+        const QTransform& onScreen = m_painter.deviceTransform();
+        const QPointF at = onScreen.map(QPointF(corner));
+        m_painter.translate(upToWhole(at.x()) / onScreen.m11(), upToWhole(at.y()) / onScreen.m22());
+    }
+    ~OnWholePixels() { m_painter.restore(); }
+    OnWholePixels(const OnWholePixels&) = delete;
+    OnWholePixels& operator=(const OnWholePixels&) = delete;
+
+private:
+    static double upToWhole(double position)
+    {
+        constexpr double kWhole = 1.0 / 64;  // that far from a whole number it is one
+        return std::ceil(position - kWhole) - position;
+    }
+
+    QPainter& m_painter;
+};
+
 bool isBox(const QObject* object)
 {
     const auto* area = qobject_cast<const QAbstractScrollArea*>(object);
@@ -118,20 +145,30 @@ int FocusStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
 void FocusStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                              const QWidget* widget) const
 {
+    if (element != CE_ShapedFrame) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    const OnWholePixels whole(*painter, option->rect.topLeft());
+    // The styles' line is thinner than the ring: what is left of it belongs to the box, not to the window.
+    if (isBox(widget)) painter->fillRect(option->rect, option->palette.base());
     QProxyStyle::drawControl(element, option, painter, widget);
-    if (element != CE_ShapedFrame || !isBox(widget) || !option->state.testFlag(State_HasFocus)) return;
-    painter->save();
+    if (!isBox(widget) || !option->state.testFlag(State_HasFocus)) return;
     painter->setPen(
         QPen(option->palette.color(QPalette::Highlight), kRing, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     constexpr qreal kMiddle = kRing / 2.0;
     painter->drawRect(QRectF(option->rect).adjusted(kMiddle, kMiddle, -kMiddle, -kMiddle));
-    painter->restore();
 }
 
 void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const
 {
     const auto draw = markDrawer(element, widget);
+    if (element == PE_FrameGroupBox) {
+        const OnWholePixels whole(*painter, option->rect.topLeft());
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
     if (draw == nullptr) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         return;

@@ -16,6 +16,11 @@
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace kavo {
 
 namespace {
@@ -127,6 +132,81 @@ TEST(FocusStyle, MarkOfACheckBoxShowsWhetherItIsChecked)
     EXPECT_GT(unchecked, 20);
     box.setChecked(true);
     EXPECT_GT(standingOut(box.grab().toImage(), background), unchecked + 10);
+}
+
+constexpr double kScale = 1.5;
+
+/// Whether a line lies along an edge of a widget: one row or column of pixels, within three of the edge, of which
+/// nearly all stand out from the background. `lines` has a row of pixels for each parallel to that edge.
+bool hasEdge(const QImage& lines, int from, int to, const QColor& background)
+{
+    constexpr int kNear = 3;
+    constexpr double kNearlyAll = 0.9;
+    for (int y = 0; y < kNear; ++y) {
+        int count = 0;
+        for (int x = from; x < to; ++x)
+            if (lines.pixelColor(x, y).rgb() != background.rgb()) ++count;
+        if (count > kNearlyAll * (to - from)) return true;
+    }
+    return false;
+}
+
+/// The edges of a widget that can be seen: "left right top bottom".
+std::string edgesSeen(const QImage& window, const QRect& place, const QColor& background)
+{
+    const auto onScreen = [](int at, bool isUp) {
+        return static_cast<int>(isUp ? std::ceil(at * kScale) : std::floor(at * kScale));
+    };
+    const QRect inside(QPoint(onScreen(place.left(), true), onScreen(place.top(), true)),
+                       QPoint(onScreen(place.right() + 1, false) - 1, onScreen(place.bottom() + 1, false) - 1));
+    const QImage picture = window.copy(inside);
+    const std::pair<const char*, double> turns[] = {{"top", 0}, {"right", -90}, {"bottom", 180}, {"left", 90}};
+    std::string seen;
+    for (const auto& [name, turn] : turns) {
+        const QImage turned = picture.transformed(QTransform().rotate(turn));
+        constexpr int kCorner = 12;
+        if (hasEdge(turned, kCorner, turned.width() - kCorner, background)) seen.append(name).append(" ");
+    }
+    return seen;
+}
+
+TEST(FocusStyle, EveryEdgeOfABoxIsSeenAlsoWhereAPixelOfTheWindowIsNoneOfTheScreen)
+{
+    QWidget window;
+    const std::vector<QWidget*> boxes = {new QListWidget(&window), new QPlainTextEdit(&window), new QLineEdit(&window)};
+    auto* other = new QPushButton(&window);
+    paintWindow(window, ColourSet());
+    window.resize(400, 100);
+    window.show();
+    const QColor background = toQColor(ColourSet().ColBack);
+    for (QWidget* box : boxes)
+        for (const bool isFocused : {false, true})
+            for (int at = 0; at < 4; ++at) {
+                for (QWidget* one : boxes) one->setGeometry(-500, 0, 10, 10);
+                box->setGeometry(10 + at, 10 + at / 2, 80 + at % 2, 60 + at / 2 % 2);
+                isFocused ? box->setFocus() : other->setFocus();
+                QImage picture(window.size() * kScale, QImage::Format_RGB32);
+                picture.setDevicePixelRatio(kScale);
+                window.render(&picture);
+                picture.setDevicePixelRatio(1);
+                EXPECT_EQ(edgesSeen(picture, box->geometry(), background), "top right bottom left ")
+                    << box->metaObject()->className() << " at " << at << (isFocused ? " focused" : "");
+            }
+}
+
+TEST(FocusStyle, BetweenTheLineOfABoxAndItsInsideIsNothingOfTheWindow)
+{
+    ColourSet colours;
+    colours.ColBack = rgb(20, 24, 30);
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    auto* list = new QListWidget(&window);
+    layout->addWidget(list);
+    layout->addWidget(new QPushButton(&window));
+    paintWindow(window, colours);
+    window.show();
+    const QImage picture = list->grab().toImage();
+    for (int x = 0; x < 4; ++x) EXPECT_NE(picture.pixelColor(x, picture.height() / 2), toQColor(colours.ColBack)) << x;
 }
 
 }  // namespace
