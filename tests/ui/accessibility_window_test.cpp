@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -45,12 +46,16 @@ QString frameOf(const QWidget& control)
     return {};
 }
 
-/// A list announces what is chosen in it; what it is for must come from elsewhere.
+/// A list announces what is chosen in it; what it is for must come from elsewhere. Where it can be typed into, what
+/// has the focus is the line in it.
 void expectCombosHaveAPurpose(const QWidget& window)
 {
-    for (const QWidget* combo : window.findChildren<QComboBox*>())
+    for (const QComboBox* combo : window.findChildren<QComboBox*>()) {
         EXPECT_TRUE(hasLabel(*combo) || !face(*combo).text(QAccessible::Description).isEmpty())
             << qPrintable(combo->objectName());
+        const bool isNamed = !combo->isEditable() || !name(*combo->lineEdit()).isEmpty();
+        EXPECT_TRUE(isNamed) << qPrintable(combo->objectName());
+    }
 }
 
 void expectFramesHaveNamesOfTheirOwn(const QWidget& window)

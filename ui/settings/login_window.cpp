@@ -59,6 +59,7 @@ void frmLogin::makeControls()
     if (ui) return;
     ui = std::make_unique<Ui::frmLogin>();
     ui->setupUi(this);
+    ui->Combo1->lineEdit()->setAccessibleName(ui->Combo1->accessibleName());
     wire();
     Combo1_Change();
 }

@@ -40,6 +40,7 @@ Form2::Form2(const kavo::Services& services, QWidget* parent)
     m_designedPath = ui->Text1->text();
     ui->Combo1->setCurrentIndex(-1);  // no grade until one is chosen
     ui->Combo1->lineEdit()->setPlaceholderText("choose a grade");
+    ui->Combo1->lineEdit()->setAccessibleName(ui->Combo1->accessibleName());
     ui->Text1->setFocus();
     wire();
     Form_Load();
