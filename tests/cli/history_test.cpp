@@ -242,6 +242,17 @@ TEST_F(HistoryCommands, BestEverTakesTheBestOfAll)
     EXPECT_NE(outcome.out.find("\nTOTAL TIME:  26:38:88\n"), std::string::npos);
 }
 
+TEST_F(HistoryCommands, BestEverAndDiffNeedNoTargets)
+{
+    saveBoth();
+    std::filesystem::remove(folder / "targets.txt");
+    const Json best = Json::parse(run({"best-ever", "--json"}).out);
+    for (const Json& level : best["levels"]) EXPECT_EQ(level["grade"], "Beginner");
+    EXPECT_EQ(best["levels"][0]["time"], "00:19:88");
+    const Json progress = Json::parse(run({"diff", "--json"}).out);
+    EXPECT_EQ(progress["changes"][0]["grade_after"], "Beginner");
+}
+
 TEST_F(HistoryCommands, BestEverIsAFileToCompareWith)
 {
     saveBoth();

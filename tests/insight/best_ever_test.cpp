@@ -39,11 +39,21 @@ TEST(BestEver, IsTheFastestTimeOfEachLevelWithItsFirstState)
 TEST(BestEver, TakesOnlyTextsThatAreTimes)
 {
     BestEver best;
-    take(best, {"-0:10:00 Zoe", "00:00:1x Zoe", "00.30.00 Zoe"}, "a");
-    take(best, {"00:50:00 Zoe", "00:50:00 Zoe", "00:30:01 Zoe"}, "b");
+    take(best, {"-0:10:00 Zoe", "00:00:1x Zoe", "00.30.00 Zoe", "100:00:00 Zoe"}, "a");
+    take(best, {"00:50:00 Zoe", "00:50:00 Zoe", "00:30:01 Zoe", "99:59:99 Zoe"}, "b");
     EXPECT_EQ(best[1].time, "00:50:00");
     EXPECT_EQ(best[2].time, "00:50:00");
     EXPECT_EQ(best[3].time, "00.30.00");
+    EXPECT_EQ(best[4].time, "99:59:99");
+}
+
+TEST(BestEver, HasATotalThatIsExactWhereTheOneShownIsCut)
+{
+    BestEver best;
+    take(best, std::vector<std::string>(10), "a");
+    // Ten times ten minutes and 44 half minutes, of which the table shows the last 32 minutes.
+    EXPECT_EQ(shownTotal(timesOf(best)), "32:00:00");
+    EXPECT_EQ(exactTotal(timesOf(best)), 732000);
 }
 
 TEST(BestEver, GoesOverEverythingRemembered)

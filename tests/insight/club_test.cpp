@@ -76,6 +76,36 @@ TEST(Club, RanksPlayersByTheirTotals)
               (Lines{"Alice 36:00:00 52", "Bob 36:02:05 50", "Carl 45:53:99 51"}));
 }
 
+TEST(Club, RanksByTheExactTotalWhereTheOneShownIsCut)
+{
+    // Ten skipped levels and 44 half minutes are 122 minutes, of which the table shows the last 32.
+    std::vector<std::string> times(10);
+    times.emplace_back("00:30:00 Dora");
+    const ClubPart part = collected({{"dora.txt", times}, kCarl});
+    EXPECT_EQ(playersOf(part), (Lines{"Carl 45:53:99 52", "Dora 32:00:00 44"}));
+    EXPECT_EQ(part.players[1].hundredths, 732000);
+}
+
+TEST(Club, OfOneIsWonByThatPlayer)
+{
+    const ClubPart part = collected({kAlice});
+    EXPECT_EQ(playersOf(part), (Lines{"Alice 36:00:00 53"}));
+    EXPECT_EQ(bestOf(part, 3), "3, Track SKIPPED Beginner:");
+    // Ten minutes less than the player: in a team's total a level without a time counts nothing.
+    EXPECT_EQ(teamOf(part).total, "26:00:00");
+}
+
+TEST(Club, WithoutTargetsIsOfBeginners)
+{
+    const ResultsState none;
+    ClubCollector collector(none);
+    collector.add(statisticsText(kAlice.times), kAlice.name);
+    const ClubPart part = collector.finish();
+    EXPECT_EQ(gradesOf(part.players[0].grades), "0 0 0 0 0 54");
+    EXPECT_EQ(gradesOf(teamOf(part).grades), "0 0 0 0 0 54");
+    EXPECT_EQ(bestOf(part, 1), "1, Track 00:20:00 Beginner: Alice");
+}
+
 TEST(Club, CountsGradesAsTheTableDoes)
 {
     const ClubPart part = collected({kAlice, kBob, kCarl});

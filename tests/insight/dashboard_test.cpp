@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace kavo {
 namespace {
 
@@ -87,6 +89,38 @@ TEST_F(DashboardOf, OnePlayerHasATotalAllTheSame)
     const Dashboard dashboard = load(2, "", "nobody.txt");
     EXPECT_EQ(dashboard.rival, Rival::None);
     EXPECT_EQ(dashboard.sides[0].total, "35:55:00");
+}
+
+TEST_F(DashboardOf, TotalsAboveAHundredMinutesAreThoseOfTheTable)
+{
+    static_cast<void>(load(2));
+    bob.folder.write("stats.txt", statisticsText(std::vector<std::string>(10)));
+    bob.run();
+    const Dashboard dashboard = dashboardOf(bob.session, {}, 42);
+    // Ten times ten minutes and 44 half minutes, of which the table shows the last 32 minutes.
+    EXPECT_EQ(dashboard.sides[0].total, "32:00:00");
+    EXPECT_EQ(dashboard.sides[0].grades, (GradeCounts{0, 0, 44, 0, 0, 10}));
+    EXPECT_EQ(dashboard.sides[0].next.size(), 44U);
+}
+
+TEST_F(DashboardOf, ResultsWithoutTargetsHasNeitherGoalsNorScales)
+{
+    static_cast<void>(load(2));
+    LoadedFolder other;
+    std::filesystem::copy(bob.folder.path(), other.folder.path(),
+                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::remove(other.folder / "targets.txt");
+    other.run();
+    ASSERT_EQ(other.result.end, LoadingEnd::Completed);
+    const Dashboard dashboard = dashboardOf(other.session, {}, 42);
+    EXPECT_EQ(dashboard.sides[0].total, "35:55:00");
+    EXPECT_EQ(dashboard.sides[0].grades, (GradeCounts{0, 0, 0, 0, 0, 54}));
+    EXPECT_TRUE(dashboard.sides[0].next.empty());
+    for (const DashboardLevel& level : dashboard.levels) {
+        EXPECT_EQ(level.players[0].grade, "Beginner");
+        EXPECT_EQ(level.scale, std::nullopt);
+        EXPECT_EQ(level.next, std::nullopt);
+    }
 }
 
 }  // namespace
