@@ -17,9 +17,10 @@ constexpr std::string_view kLevelWord = "Level";
 constexpr std::string_view kHeading =
     "Best times ever of one player on every level, from the first one over the steppes to the last\r\n\r\n";
 
-std::string withoutLevelWord(std::string_view name)
+/// A level's name that is read back as it is written.
+std::string writableName(std::string_view name)
 {
-    return replaceAll(name, kLevelWord, "level");
+    return replaceAll(replaceAll(name, kLineEnd, " "), kLevelWord, "level");
 }
 
 }  // namespace
@@ -68,7 +69,7 @@ std::string formatBestEver(const BestEver& best)
 {
     std::string text(kHeading);
     for (int level = 1; level <= kLevels; ++level) {
-        text.append("Level ").append(withoutLevelWord(best[level].name)).append(kLineEnd);
+        text.append("Level ").append(writableName(best[level].name)).append(kLineEnd);
         if (best[level].time == kSkipped) continue;  // the next header right behind this one says so
         text.append(best[level].time);
         if (!best[level].driver.empty()) text.append(" ").append(best[level].driver);

@@ -38,7 +38,8 @@ void takeRemembered(BestEver& best, const HistoryStore& history, std::string_vie
 [[nodiscard]] StatisticsTimes timesOf(const BestEver& best);
 
 /// A statistics file with these times, which the program reads like one of the game's and can compare
-/// with. A level's name may not hold the word that begins a level; it is written in small letters there.
+/// with. A level's name may hold neither the word that begins a level, which is written in small letters there, nor
+/// the end of a line, which becomes a blank.
 [[nodiscard]] std::string formatBestEver(const BestEver& best);
 
 }  // namespace kavo

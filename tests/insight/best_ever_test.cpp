@@ -143,5 +143,22 @@ TEST(BestEverFile, KeepsItsLevelsApartWhateverTheyAreCalled)
     for (int level = 4; level <= kLevels; ++level) EXPECT_EQ(times[level].time, "00:30:00") << level;
 }
 
+TEST(BestEverFile, KeepsTheTimeOfALevelWhoseNameHasTheEndOfALine)
+{
+    // Without the words that begin a level, which the table leaves out, the lone CR and LF around them meet.
+    std::string text = statisticsText({"", "00:19:88 Zoe"});
+    text.replace(text.find("Level 2, Track"), 14, "Level 2, Odd\rLevel \nTrack");
+    BestEver best;
+    takeState(best, parseStatisticsTimes(text), "a");
+    ASSERT_EQ(best[2].name, "2, Odd\r\nTrack");
+    const StatisticsTimes times = readBack(best);
+    EXPECT_EQ(times[2].name, "2, Odd Track");
+    // The second word begins a level as well, which has the same time behind it.
+    EXPECT_EQ(times[2].time, "00:19:88");
+    EXPECT_EQ(times[3].time, "00:19:88");
+    EXPECT_EQ(times[4].name, "3, Track");
+    EXPECT_EQ(times[4].time, "00:30:00");
+}
+
 }  // namespace
 }  // namespace kavo
