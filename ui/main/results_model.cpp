@@ -72,9 +72,9 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const
 /// Of a time or its grade: what is missing to the next one, and of player 1's what was better once.
 QStringList ResultsModel::cellNotes(int row, Column column) const
 {
-    const auto graded = std::find_if(kGradedColumns.begin(), kGradedColumns.end(), [column](const auto& columns) {
-        return columns.time == column || columns.grade == column;
-    });
+    const auto* const graded =
+        std::find_if(kGradedColumns.begin(), kGradedColumns.end(),
+                     [column](const auto& columns) { return columns.time == column || columns.grade == column; });
     if (graded == kGradedColumns.end()) return {};
     const std::string& time = m_session.table.text(row, graded->time);
     QStringList notes(toScreen(gradeTip(m_session.state, row, time, m_session.table.text(row, graded->grade))));
