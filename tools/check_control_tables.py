@@ -14,7 +14,7 @@ import xml.etree.ElementTree
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FOLDERS = ("ui", "reports", "updater")
 USED = ("QPushButton", "QToolButton", "QLineEdit", "QSpinBox", "QCheckBox", "QRadioButton", "QComboBox", "QListWidget",
-        "QTreeView", "QPlainTextEdit", "QProgressBar", "kavo::Swatch")
+        "QTreeView", "QPlainTextEdit", "QProgressBar", "kavo::LinkLabel", "kavo::Swatch")
 CONTROL = r"[A-Za-z]+\w*"
 
 

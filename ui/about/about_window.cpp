@@ -14,7 +14,6 @@
 #include "ui_about_window.h"
 
 #include <QFileInfo>
-#include <QKeyEvent>
 
 #include <array>
 
@@ -48,9 +47,15 @@ frmAbout::~frmAbout() = default;
 
 void frmAbout::wire()
 {
+    using kavo::LinkLabel;
     kavo::on(ui->cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);            // close
     kavo::on(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);  // about the system
-    for (QLabel* link : {ui->Label1, ui->Label2, ui->Label3}) link->installEventFilter(this);
+    kavo::on(ui->Label1, &LinkLabel::doubleClicked, this, &frmAbout::Label1_DblClick);   // a link
+    kavo::on(ui->Label1, &LinkLabel::chosenByKey, this, &frmAbout::Label1_DblClick);     // the same
+    kavo::on(ui->Label2, &LinkLabel::clicked, this, &frmAbout::Label2_Click);            // another
+    kavo::on(ui->Label2, &LinkLabel::chosenByKey, this, &frmAbout::Label2_Click);        // the same
+    kavo::on(ui->Label3, &LinkLabel::clicked, this, &frmAbout::Label3_Click);            // another
+    kavo::on(ui->Label3, &LinkLabel::chosenByKey, this, &frmAbout::Label3_Click);        // the same
 }
 
 void frmAbout::Form_Load()
@@ -63,7 +68,7 @@ void frmAbout::Form_Load()
     } catch (const std::exception&) {
         reportOnceShown(std::current_exception());
     }
-    for (QLabel* link : {ui->Label1, ui->Label2, ui->Label3}) showAsLink(*link);
+    for (kavo::LinkLabel* link : {ui->Label1, ui->Label2, ui->Label3}) link->showAsLink();
 }
 
 void frmAbout::showHistory()
@@ -124,51 +129,7 @@ void frmAbout::Label3_Click()
     followLink(*ui->Label3);
 }
 
-void frmAbout::followLink(const QLabel& label)
+void frmAbout::followLink(const kavo::LinkLabel& label)
 {
     services().desktop.open(label.text());
-}
-
-void frmAbout::showAsLink(QLabel& label)
-{
-    const QColor onLight(0, 84, 180);
-    const QColor onDark(125, 185, 255);
-    QPalette palette = label.palette();
-    const bool isDark = palette.color(QPalette::Window).lightness() < 128;
-    palette.setColor(QPalette::WindowText, isDark ? onDark : onLight);
-    label.setPalette(palette);
-}
-
-bool frmAbout::eventFilter(QObject* watched, QEvent* event)
-{
-    bool isHandled = false;
-    for (QLabel* link : {ui->Label1, ui->Label2, ui->Label3})
-        if (watched == link) kavo::guarded([&] { isHandled = handleLinkEvent(*link, *event); });
-    return isHandled || SecondaryWindow::eventFilter(watched, event);
-}
-
-bool frmAbout::handleLinkEvent(QLabel& label, QEvent& event)
-{
-    const bool isFirst = &label == ui->Label1;
-    switch (event.type()) {
-    case QEvent::MouseButtonDblClick:
-        if (isFirst && static_cast<QMouseEvent&>(event).button() == Qt::LeftButton) Label1_DblClick();
-        return true;
-    case QEvent::MouseButtonPress: return true;  // or the release would go elsewhere
-    case QEvent::MouseButtonRelease: {
-        const auto& mouse = static_cast<QMouseEvent&>(event);
-        const bool isClick = mouse.button() == Qt::LeftButton && label.rect().contains(mouse.position().toPoint());
-        if (isClick && !isFirst) &label == ui->Label2 ? Label2_Click() : Label3_Click();
-        return true;
-    }
-    case QEvent::KeyPress: {
-        const int key = static_cast<QKeyEvent&>(event).key();
-        if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) return false;
-        followLink(label);
-        return true;
-    }
-    case QEvent::FocusIn: label.setFrameShape(QFrame::Box); return false;
-    case QEvent::FocusOut: label.setFrameShape(QFrame::NoFrame); return false;
-    default: return false;
-    }
 }

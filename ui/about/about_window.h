@@ -7,10 +7,12 @@
 
 #include <memory>
 
-class QLabel;
-
 namespace Ui {
 class frmAbout;
+}
+
+namespace kavo {
+class LinkLabel;
 }
 
 /// "About NRL Kavo Timing": version, history and addresses. Stays open beside the main window.
@@ -32,9 +34,6 @@ public:
     frmAbout(const kavo::Services& services, QWidget* parent);
     ~frmAbout() override;
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void wire();
     void Form_Load();
@@ -45,9 +44,7 @@ private:
     void Label3_Click();
 
     void showHistory();
-    void showAsLink(QLabel& label);
-    bool handleLinkEvent(QLabel& label, QEvent& event);
-    void followLink(const QLabel& label);
+    void followLink(const kavo::LinkLabel& label);
     void StartSysInfo();
     [[nodiscard]] QStringList systemInformationCommand() const;
 

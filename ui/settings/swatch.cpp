@@ -4,7 +4,6 @@
 #include "ui/settings/swatch.h"
 
 #include <QAccessibleWidget>
-#include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -57,9 +56,10 @@ QAccessibleInterface* swatchFace(const QString&, QObject* object)
 
 }  // namespace
 
-Swatch::Swatch(QWidget* parent) : QLabel(parent)
+Swatch::Swatch(QWidget* parent) : ClickableLabel(parent)
 {
     QAccessible::installFactory(swatchFace);
+    connect(this, &Swatch::chosenByKey, this, &Swatch::clicked);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -81,30 +81,10 @@ QString Swatch::colourName() const
 
 void Swatch::changeEvent(QEvent* event)
 {
-    QLabel::changeEvent(event);
+    ClickableLabel::changeEvent(event);
     if (event->type() != QEvent::PaletteChange) return;
     QAccessibleEvent renamed(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&renamed);
-}
-
-void Swatch::keyPressEvent(QKeyEvent* event)
-{
-    switch (event->key()) {
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter: emit clicked(); break;
-    default: QLabel::keyPressEvent(event);
-    }
-}
-
-void Swatch::mousePressEvent(QMouseEvent* event)
-{
-    event->accept();
-}
-
-void Swatch::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) emit clicked();
 }
 
 void Swatch::paintEvent(QPaintEvent*)

@@ -3,13 +3,13 @@
 
 #pragma once
 
-#include <QLabel>
+#include "forms/clickable_label.h"
 
 namespace kavo {
 
-/// A label that shows one colour (the Window colour of its palette) and can be clicked, with the mouse or
-/// with Space and Enter. To a screen reader it is a button, with the name of the colour.
-class Swatch final : public QLabel
+/// Shows one colour (the Window colour of its palette), and is clicked with the mouse or by key. To a screen reader
+/// it is a button, with the name of the colour.
+class Swatch final : public ClickableLabel
 {
     Q_OBJECT
 
@@ -22,13 +22,7 @@ public:
     /// Of the colours that have a name the one that looks most like it: "red".
     [[nodiscard]] QString colourName() const;
 
-signals:
-    void clicked();
-
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 };
