@@ -17,7 +17,7 @@ namespace {
 /// What a title bar and borders take at most. The real ones are not known before the window is shown.
 constexpr QSize kWindowFrame(16, 40);
 
-constexpr const char* kSurface = "scrolledSurface";
+constexpr QLatin1StringView kSurface("scrolledSurface");
 
 bool fits(const QSize& size, const QSize& room)
 {

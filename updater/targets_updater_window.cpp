@@ -22,7 +22,7 @@ namespace {
 constexpr auto kParsingDelay = 5s;
 constexpr int kProgressSteps = 8;
 constexpr qsizetype kChunkSize = 100;
-constexpr const char* kOperation = "GET /";
+constexpr char kOperation[] = "GET /";
 
 }  // namespace
 
@@ -152,7 +152,7 @@ void Form7::Timer1_Timer()
 }
 
 /// Painted at once: the steps of the parsing follow each other without a pause.
-void Form7::showStatus(const char* text)
+void Form7::showStatus(const QString& text)
 {
     ui->Label1->setText(text);
     ui->Label1->repaint();

@@ -62,7 +62,7 @@ private:
     void showWaiting();
     void collectPage();
     void endDownload();
-    void showStatus(const char* text);
+    void showStatus(const QString& text);
     void takeProgressStep();
 
     std::unique_ptr<Ui::Form7> ui;

@@ -70,8 +70,8 @@ int ColumnWidths::designed(int column) const
 {
     QFont font = m_list.font();
     font.setBold(true);
-    const int text = QFontMetrics(font).horizontalAdvance(kDesignedTexts.at(static_cast<std::size_t>(column)));
-    return text + kCellMargin;
+    const QLatin1StringView text(kDesignedTexts.at(static_cast<std::size_t>(column)));
+    return QFontMetrics(font).horizontalAdvance(text) + kCellMargin;
 }
 
 /// What sizeHintForColumn tells of a list that shows all its rows. Each text is measured once and laid out never, which

@@ -34,7 +34,7 @@ using kavo::toScreen;
 
 namespace {
 
-constexpr const char* kEmptyTableHint =
+constexpr char kEmptyTableHint[] =
     "No results yet.\nF2 chooses the game's stats.txt, the right mouse button opens the menu.";
 
 /// Tells a screen reader that this is the window that the others belong to.
@@ -319,9 +319,9 @@ void Form1::askName(kavo::Column column)
     std::string* name = kavo::nameOfHeader(m_services.session.state, column);
     if (name == nullptr) return;
     const bool isTeam = column == kavo::Column::Team;
-    const auto answer =
-        m_services.prompts.askLine(this, {isTeam ? "Change team name" : "Change player name",
-                                          isTeam ? "Input team name:" : "Input player name:", toScreen(*name)});
+    const kavo::LineQuestion ofTeam{"Change team name", "Input team name:", toScreen(*name)};
+    const kavo::LineQuestion ofPlayer{"Change player name", "Input player name:", toScreen(*name)};
+    const auto answer = m_services.prompts.askLine(this, isTeam ? ofTeam : ofPlayer);
     if (answer && !answer->isEmpty()) *name = kavo::fromScreen(*answer, *name);
 }
 

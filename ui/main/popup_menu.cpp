@@ -46,7 +46,8 @@ void addFilters(QMenu& submenu, FilterSide side, Form1& form)
 {
     for (const FilterEntry& entry : kFilterEntries) {
         QAction* action = submenu.addAction(toScreen(entry.filter));
-        action->setObjectName(QString(entry.name) + (side == FilterSide::Player2 ? "1" : ""));
+        action->setObjectName(QString(QLatin1StringView(entry.name)) +
+                              QLatin1StringView(side == FilterSide::Player2 ? "1" : ""));
         const std::string_view filter = entry.filter == kNoFilter ? std::string_view{} : entry.filter;
         on(action, &QAction::triggered, &form, [&form, side, filter] { form.filter(side, filter); });
     }
@@ -54,8 +55,8 @@ void addFilters(QMenu& submenu, FilterSide side, Form1& form)
 
 void addAction(QMenu& menu, const MenuEntry& entry, Form1& form)
 {
-    QAction* action = menu.addAction(entry.caption);
-    action->setObjectName(entry.name);
+    QAction* action = menu.addAction(QLatin1StringView(entry.caption));
+    action->setObjectName(QLatin1StringView(entry.name));
     on(action, &QAction::triggered, &form, entry.action);
     if (entry.shortcut.key() == Qt::Key_unknown) return;
     // Shown only: the window looks at the keys itself, since function keys count with any modifier.
@@ -100,8 +101,8 @@ void buildPopupMenu(QMenu& menu, Form1& form)
         if (entry.caption == nullptr) {
             menu.addSeparator();
         } else if (entry.filters) {
-            QMenu* submenu = menu.addMenu(entry.caption);
-            submenu->setObjectName(entry.name);
+            QMenu* submenu = menu.addMenu(QLatin1StringView(entry.caption));
+            submenu->setObjectName(QLatin1StringView(entry.name));
             addFilters(*submenu, *entry.filters, form);
         } else {
             addAction(menu, entry, form);
