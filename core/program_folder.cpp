@@ -25,8 +25,8 @@ namespace kavo {
 namespace {
 
 constexpr std::string_view kFolderName = "kavo-timing";
-constexpr std::array<std::string_view, 4> kSuppliedFiles = {"targets.txt", "targets_old.txt", "history.txt",
-                                                            "links.txt"};
+constexpr auto kSuppliedFiles =
+    std::to_array<std::string_view>({"targets.txt", "targets_old.txt", "history.txt", "links.txt"});
 
 std::optional<std::string> environmentValue(const char* name)
 {
@@ -71,7 +71,7 @@ fs::path madeAndSupplied(const fs::path& folder, const fs::path& suppliedFiles)
 /// In an installation they lie in its data folder, in a portable copy beside the program.
 fs::path suppliedFilesOf(const fs::path& executableFolder)
 {
-    fs::path installed = executableFolder.parent_path() / "share" / kFolderName;
+    fs::path installed = executableFolder.parent_path() / KAVO_DATA_FOLDER / kFolderName;
     return folderExists(installed) ? installed : executableFolder;
 }
 
