@@ -9,6 +9,7 @@
 #include "base/text_file.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -79,11 +80,7 @@ std::vector<std::string> schemesIn(const fs::path& folder)
         const bool isColourFile = equalIgnoringCase(file.substr(name.size()), kExtension);
         if (isColourFile && !equalIgnoringCase(name, kInForce)) names.push_back(name);
     }
-    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-        const std::string foldedA = foldCase(a);
-        const std::string foldedB = foldCase(b);
-        return foldedA == foldedB ? a < b : foldedA < foldedB;
-    });
+    std::ranges::sort(names, {}, [](const std::string& name) { return std::pair(foldCase(name), name); });
     return names;
 }
 

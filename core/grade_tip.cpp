@@ -3,23 +3,12 @@
 
 #include "core/grade_tip.h"
 
-#include <cctype>
 #include <cmath>
+#include <limits>
 
 namespace kavo {
 
 namespace {
-
-/// Of the form MM:SS:HH, which alone can be reckoned with.
-bool isTime(std::string_view text)
-{
-    constexpr std::string_view kForm = "00:00:00";
-    if (text.size() != kForm.size()) return false;
-    for (std::size_t i = 0; i < kForm.size(); ++i)
-        if (kForm[i] == '0' ? std::isdigit(static_cast<unsigned char>(text[i])) == 0 : text[i] != kForm[i])
-            return false;
-    return true;
-}
 
 /// A number of hundredths as seconds: 67 is "0.67".
 std::string secondsText(double hundredths)
@@ -30,7 +19,7 @@ std::string secondsText(double hundredths)
 
 std::string inBrackets(const std::string& target)
 {
-    return isTime(target) ? " (" + target + ")" : "";
+    return isTimeOfLevel(target) ? " (" + target + ")" : "";
 }
 
 }  // namespace
@@ -39,15 +28,15 @@ std::string gradeTip(const ResultsState& state, int row, std::string_view time, 
 {
     std::string tip(grade);
     const auto category = categoryNamed(grade);
-    if (!category || !isTime(time)) return tip;
+    if (!category || !isTimeOfLevel(time)) return tip;  // no other text can be reckoned with
     if (*category == TargetCategory::WorldRecord) return tip + inBrackets(state.TargetWR[row]);
     const Grade* nearest = nullptr;
-    double least = 0;
+    double least = std::numeric_limits<double>::infinity();
     for (const Grade& better : grades()) {
         if (better.category == *category) break;
         const std::string& target = (state.*better.targets)[row];
         const double gap = HundredthsOf(time) - HundredthsOf(target);
-        if (!isTime(target) || gap <= 0 || (nearest != nullptr && gap >= least)) continue;
+        if (!isTimeOfLevel(target) || gap <= 0 || gap >= least) continue;
         nearest = &better;
         least = gap;
     }

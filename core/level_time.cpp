@@ -93,6 +93,11 @@ std::string timeText(double minutes, double seconds, double hundredths)
 
 }  // namespace
 
+bool isTimeOfLevel(std::string_view text)
+{
+    return plainFields(text).has_value();
+}
+
 std::string twoDigits(double number)
 {
     std::string text;

@@ -15,6 +15,9 @@ inline constexpr std::string_view kSkippedTime = "10:00:00";  ///< what it count
 inline constexpr std::string_view kNoTime = "00:00:00";       ///< the start of every running total
 inline constexpr std::string_view kNoChange = "No change";    ///< the difference of two equal times
 
+/// Whether a text is of the form MM:SS:HH, digit by digit.
+[[nodiscard]] bool isTimeOfLevel(std::string_view text);
+
 /// Sum of a running total and a time. The two operands are not read alike: see the definition.
 [[nodiscard]] std::string AddTime(std::string_view a, std::string_view b);
 

@@ -5,7 +5,6 @@
 
 #include "base/file_name.h"
 #include "base/run_time_error.h"
-#include "base/text.h"
 #include "base/text_file.h"
 #include "core/bug_times.h"
 #include "core/colour_set.h"
@@ -119,7 +118,7 @@ void fillTable(Session& session, LoadingHost& host, const fs::path& statsPath)
     fillSecondColumn(session, host, addTotalsRow(session));
     compareColumns(session);
     Team2(session);
-    for (int row = 1; row <= kTotalsRow; ++row) session.table.setBold(row, Column::Team);
+    for (int level = 1; level <= kLevels; ++level) session.table.setBold(level, Column::Team);
     TTColorTargets(session);
 }
 
@@ -153,17 +152,15 @@ void runSteps(Session& session, LoadingHost& host, const LoadingOptions& options
 void Init(Session& session)
 {
     const auto path = settingsFile(session.userFolder);
-    int method = 0;
     if (fileExists(path)) {
         const Settings settings = parseFile(path, parseSettings);
         session.StatsPath = settings.statsPath;
         session.CompPath = settings.otherPath;
         session.CompCategory = settings.category;
-        method = settings.compareMethod;
         if (settings.fontSize && *settings.fontSize > 0) session.fontSize = *settings.fontSize;
-        if (method == static_cast<int>(CompareMethod::PreviousResults))
+        if (settings.compareMethod == static_cast<int>(CompareMethod::PreviousResults))
             session.CompPath = textOf(session.userFolder / kPreviousResultsName);
-        if (method == static_cast<int>(CompareMethod::Targets))
+        if (settings.compareMethod == static_cast<int>(CompareMethod::Targets))
             session.CompPath = kCompareWithTargets;
         else
             session.CompCategory.clear();

@@ -18,7 +18,7 @@ constexpr std::array<Grade, kCategories> kGrades = {{
     {TargetCategory::Beginner, "Beginner", nullptr, nullptr, {&S::Beg1, &S::Beg2, &S::BegT}},
 }};
 
-constexpr std::array<Side, 3> kSides = {Side::Player1, Side::Player2, Side::Team};
+constexpr auto kSides = std::to_array({Side::Player1, Side::Player2, Side::Team});
 
 }  // namespace
 

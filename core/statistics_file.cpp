@@ -60,7 +60,7 @@ std::optional<BestTime> StatisticsReader::bestTime() const
     // without a time is told from one with a time: do not turn this into a loop over lines.
     constexpr std::size_t kIntoNextLine = 4;  // CR, LF and two characters
     const std::size_t from = advance(m_statsText, m_lineEnd - 1, kIntoNextLine);
-    const std::size_t end = from == std::string_view::npos ? 0 : nLine(m_statsText, from);
+    const std::size_t end = nLine(m_statsText, from);  // none where the text is at its end
     const std::string joined = replaceAll(between(m_statsText, m_lineEnd, end), kLineEnd, "");
     const std::string_view line = trimBlanks(joined);
     if (line.empty() || line.find(kLevelWord) != std::string_view::npos) return std::nullopt;

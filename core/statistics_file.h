@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include "core/levels.h"
-
 #include <cstddef>
 #include <optional>
 #include <string>

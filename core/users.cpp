@@ -46,17 +46,6 @@ void update(const fs::path& path, std::string_view content)
     if (isProtected || readFileIfThere(path) != content) replaceFile(path, content);
 }
 
-bool holdsOrdinaryFile(const fs::path& folder)
-{
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        std::error_code ignored;
-        // What a program that was killed has left behind is no file of the user's.
-        if (entry->is_regular_file(ignored) && !isTemporaryName(entry->path())) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 std::vector<std::string> readUsers(const fs::path& programFolder)
@@ -113,8 +102,8 @@ void suspendAutoLogin(const fs::path& programFolder)
 
 bool createUserIfNew(const fs::path& programFolder, std::string_view nick)
 {
-    if (nick.empty() || !isPlainName(nick) || holdsOrdinaryFile(userFolder(programFolder, nick))) return false;
-    // A folder that is there but empty counts as new, and then cannot be made: nothing is added.
+    if (nick.empty() || !isPlainName(nick)) return false;
+    // A folder that is there cannot be made, an empty one no more than another: nothing is added.
     std::error_code error;
     if (!fs::create_directory(userFolder(programFolder, nick), error)) return false;
     try {

@@ -43,7 +43,7 @@ void writeAutoLogin(const std::filesystem::path& programFolder, bool autoLogin);
 void suspendAutoLogin(const std::filesystem::path& programFolder);
 
 /// Makes the folder of a nick that has none and adds it to `users.dat`. Returns whether a user was made:
-/// a nick whose folder cannot be made (it is there but empty, or is no name for a folder) is not.
+/// a nick whose folder cannot be made (it is there, or the nick is no name for a folder) is not.
 [[nodiscard]] bool createUserIfNew(const std::filesystem::path& programFolder, std::string_view nick);
 
 void writeCurrentUser(const std::filesystem::path& programFolder, std::string_view nick);

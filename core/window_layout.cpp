@@ -27,7 +27,11 @@ WindowLayout withValues(WindowLayout layout, const std::vector<double>& values)
 {
     std::vector<double*> places = {&layout.left, &layout.top, &layout.height, &layout.width};
     for (double& width : layout.columnWidths) places.push_back(&width);
-    for (std::size_t i = 0; i < values.size() && i < places.size(); ++i) *places[i] = values[i];
+    auto value = values.begin();
+    for (double* place : places) {
+        if (value == values.end()) break;
+        *place = *value++;
+    }
     return layout;
 }
 

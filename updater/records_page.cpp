@@ -10,8 +10,6 @@
 #include "core/level_time.h"
 #include "core/targets.h"
 
-#include <algorithm>
-
 namespace fs = std::filesystem;
 
 namespace kavo {
@@ -64,14 +62,6 @@ std::string normalised(const std::string& time)
     const std::size_t length = countCharacters(time);
     const std::string_view front = length == kSecondsOnly ? "00:" : length == kWithOneDigitMinutes ? "0" : "";
     return replaceAll(std::string(front) + time, ",", ":");
-}
-
-/// MM:SS:HH
-bool isTimeOfLevel(std::string_view text)
-{
-    constexpr std::string_view kForm = "00:00:00";
-    const auto fits = [](char c, char form) { return form == '0' ? c >= '0' && c <= '9' : c == form; };
-    return std::equal(text.begin(), text.end(), kForm.begin(), kForm.end(), fits);
 }
 
 /// Keeps targets that are about to be lost. What a bad page has given never pushes good targets out of the

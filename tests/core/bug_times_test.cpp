@@ -22,7 +22,7 @@ TEST(BugTimeEntry, IsAcceptedByLengthAndNumbers)
                              " 7, 00:19:05", "07ЖЖ00Ж19Ж05"})
         EXPECT_TRUE(isBugTimeEntry(text)) << text;
     for (const char* text : {"7, 01:35:12", "", "xx, yy:yy:yy", "53, ab:19:05", "53, 00:ab:05", "53, 00:19:ab",
-                             "ab, 00:19:05", "53, 00:19:055", "  , 00:19:05"})
+                             "ab, 00:19:05", "53, 00:19:055", "  , 00:19:05", "53, 00:19:x5"})
         EXPECT_FALSE(isBugTimeEntry(text)) << text;
 }
 
@@ -57,6 +57,7 @@ TEST(BugTimes, AreStoredByLevelTheLaterOneOverTheEarlier)
 {
     const BugTimesByLevel both = parseBugTimesByLevel(
         "Player1\r\n05, 00:11:00\r\n54, 00:54:00\r\n1x, 00:01:00\r\n05, 00:10:00\r\n7xyz00:07:00\r\n"
+        "099900:09:00\r\n"
         "Player2\r\n05, 00:09:00\r\n");
     const BugTimes& times = both.player1;
     EXPECT_EQ(both.player2[5], "00:09:00");
@@ -64,6 +65,7 @@ TEST(BugTimes, AreStoredByLevelTheLaterOneOverTheEarlier)
     EXPECT_EQ(times[54], "00:54:00");
     EXPECT_EQ(times[1], "00:01:00");
     EXPECT_EQ(times[7], "00:07:00");
+    EXPECT_EQ(times[9], "00:09:00");  // of the level's digits there are two
     EXPECT_EQ(times[2], "");
 }
 

@@ -66,6 +66,44 @@ TEST(Schemes, AreTheColourFilesButTheOneInForce)
     EXPECT_EQ(listSchemes(user.path()), (std::vector<std::string>{"", "colors_prev", "day", "Night"}));
 }
 
+#ifndef _WIN32
+TEST(Schemes, OfTheSameNameButForTheCaseAreInTheOrderOfTheirBytes)
+{
+    const TemporaryFolder user;
+    for (const char* name : {"night", "NIGHT", "Night", "day", "OK"})
+        user.write(std::string("colors/") + name + ".ini", kNine);
+    EXPECT_EQ(listSchemes(user.path()), (std::vector<std::string>{"day", "NIGHT", "Night", "night", "OK"}));
+}
+#endif
+
+TEST(Schemes, AreInstalledWhereTheUserHasNothingOfThatName)
+{
+    const TemporaryFolder user;
+    const TemporaryFolder supplied;
+    supplied.write("Night.ini", kNine);
+    EXPECT_TRUE(installScheme(supplied.path(), "Night", user.path()));
+    EXPECT_EQ(user.read("colors/Night.ini"), kNine);
+    user.write("colors/Night.ini", kOthers);
+    EXPECT_FALSE(installScheme(supplied.path(), "night", user.path()));
+    EXPECT_EQ(user.read("colors/Night.ini"), kOthers);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(installScheme(supplied.path(), "Day", user.path())); }),
+              "File not found: Day.ini");
+    EXPECT_FALSE(user.has("colors/Day.ini"));
+}
+
+#ifndef _WIN32
+TEST(Schemes, AreNotInstalledInPlaceOfALinkThatLeadsNowhere)
+{
+    const TemporaryFolder user;
+    const TemporaryFolder supplied;
+    supplied.write("Night.ini", kNine);
+    std::filesystem::create_directory(user / "colors");
+    std::filesystem::create_symlink("gone.ini", user / "colors/Night.ini");
+    EXPECT_FALSE(installScheme(supplied.path(), "Night", user.path()));
+    EXPECT_FALSE(user.has("colors/gone.ini"));
+}
+#endif
+
 TEST(Schemes, AreSavedOverOneOfTheSameName)
 {
     const TemporaryFolder user;

@@ -62,6 +62,11 @@ TEST(GradeTip, NamesTheNearestTargetWhateverTheirOrder)
     EXPECT_EQ(gradeTip(state, kRow, "00:40:00", "Good"), "Good. 2.00 s to World Class (00:38:00)");
 }
 
+TEST(GradeTip, PassesOverATargetThatTheTimeMeets)
+{
+    EXPECT_EQ(gradeTip(targets(), kRow, "00:40:00", "OK"), "OK. 5.00 s to Professional (00:35:00)");
+}
+
 TEST(GradeTip, SaysNothingOfATimeOrTargetThatIsNone)
 {
     for (const char* time : {"SKIPPED", "", "1:15:12:34", "123:04:05", "00:31.17", "00:3x:17"})

@@ -145,6 +145,14 @@ TEST(TimeDifference, OfATotalInHoursReadsTheSamePositions)
     EXPECT_EQ(difference.faster, Faster::First);
 }
 
+TEST(TimeOfLevel, HasTwoDigitsInEachOfItsThreeParts)
+{
+    for (const char* text : {"00:00:00", "09:59:90", "99:99:99"}) EXPECT_TRUE(isTimeOfLevel(text)) << text;
+    for (const char* text : {"", "0:00:00", "00:00:0", "00:00:000", "1:00:00:00", "00.00:00", "00:00.00", "x0:00:00",
+                             "0x:00:00", "00:/0:00", "00:00:0:", "00:00:00 ", "SKIPPED"})
+        EXPECT_FALSE(isTimeOfLevel(text)) << text;
+}
+
 TEST(TwoDigits, PadsASingleDigit)
 {
     EXPECT_EQ(twoDigits(0), "00");

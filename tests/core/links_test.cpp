@@ -3,6 +3,8 @@
 
 #include "core/links.h"
 
+#include "tests/support/program_folder_fixture.h"
+
 #include <gtest/gtest.h>
 
 namespace kavo {
@@ -42,6 +44,14 @@ TEST(Links, AreReadAsFarAsAnybodyScrolls)
     const Links links = parseLinks(text);
     EXPECT_EQ(links.addresses.size(), 10'000U);
     EXPECT_FALSE(links.endsEarly());
+}
+
+TEST(Links, LieInTheProgramFolder)
+{
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(linksFile(folder.path()), folder / "links.txt");
+    folder.write("LINKS.TXT", "");
+    EXPECT_EQ(linksFile(folder.path()), folder / "LINKS.TXT");
 }
 
 }  // namespace

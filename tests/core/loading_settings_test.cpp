@@ -33,7 +33,9 @@ TEST(LoadingOfAFirstRun, IsAbandonedWhenTheOptionsAskForAnother)
     loaded.host.afterOptions = AfterOptions::Abandon;
     loaded.run();
     EXPECT_EQ(loaded.result.end, LoadingEnd::Abandoned);
-    EXPECT_EQ(loaded.session.table.rowCount(), 56);
+    ASSERT_EQ(loaded.session.table.rowCount(), 56);
+    EXPECT_EQ(loaded.session.table.text(55, Column::Level), "TOTAL TIME:");
+    EXPECT_EQ(loaded.session.table.text(56, Column::Level), "");
     EXPECT_EQ(loaded.headers(), "Level|Time 1|Target 1|Time 2|Target 2|Difference|Team|Target|Author");
 }
 
@@ -109,6 +111,12 @@ TEST(Init, TakesTheFontSizeOfAFifthLine)
     loaded.folder.write("bob/data.ini", "\r\n2\r\n\r\n\r\n 14 \r\n");
     loaded.run();
     EXPECT_EQ(loaded.session.fontSize, 14);
+    loaded.folder.write("bob/data.ini", "\r\n2\r\n\r\n\r\n 1 \r\n");
+    loaded.run();
+    EXPECT_EQ(loaded.session.fontSize, 1);
+    loaded.folder.write("bob/data.ini", "\r\n2\r\n\r\n\r\n 0 \r\n");
+    loaded.run();
+    EXPECT_EQ(loaded.session.fontSize, kDesignedFontSize);
     loaded.folder.write("bob/data.ini", "\r\n2\r\n\r\n\r\n");
     loaded.run();
     EXPECT_EQ(loaded.session.fontSize, kDesignedFontSize);

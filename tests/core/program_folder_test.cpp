@@ -6,6 +6,7 @@
 #include "base/run_time_error.h"
 #include "tests/support/environment.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/trouble.h"
 
 #include <gtest/gtest.h>
 
@@ -74,6 +75,7 @@ TEST(ProgramFolder, IsMadeAndSuppliedInTheDataHome)
 {
     const TemporaryFolder folder;
     folder.write("share/targets.txt", "t");
+    folder.write("share/targets_old.txt", "old");
     folder.write("share/links.txt", "l");
     folder.write("share/other.txt", "o");
     ProgramFolderSources sources;
@@ -82,9 +84,15 @@ TEST(ProgramFolder, IsMadeAndSuppliedInTheDataHome)
     sources.suppliedFiles = folder / "share";
     EXPECT_EQ(findProgramFolder(sources), folder / "data/kavo-timing");
     EXPECT_EQ(folder.read("data/kavo-timing/targets.txt"), "t");
+    EXPECT_EQ(folder.read("data/kavo-timing/targets_old.txt"), "old");
     EXPECT_EQ(folder.read("data/kavo-timing/links.txt"), "l");
     EXPECT_FALSE(folder.has("data/kavo-timing/other.txt"));
     EXPECT_FALSE(folder.has("data/kavo-timing/history.txt"));
+    folder.write("share/history.txt", "h");
+    sources.dataHome = (folder / "other data").string();
+    EXPECT_EQ(findProgramFolder(sources), folder / "other data/kavo-timing");
+    EXPECT_EQ(folder.read("other data/kavo-timing/history.txt"), "h");
+    sources.dataHome = (folder / "data").string();
 
     // Only when first missing: what the user changed or deleted stays so.
     fs::remove(folder / "data/kavo-timing/links.txt");
@@ -111,6 +119,22 @@ TEST(ProgramFolder, IsCompleteAlsoAfterAFirstStartThatWasKilled)
 }
 
 #ifndef _WIN32
+
+TEST(ProgramFolder, IsNotThatOfTheExecutableWhereTheUserMayNotWrite)
+{
+    const TemporaryFolder folder;
+    for (const char* name : {"bin", "data"}) fs::create_directory(folder / name);
+    for (const char* name : {".", "bin", "data"}) fs::permissions(folder / name, fs::perms{0777});
+    ProgramFolderSources sources;
+    sources.executableFolder = folder / "bin";
+    sources.dataHome = (folder / "data").string();
+    const auto foundByStranger = [&sources] {
+        return test::asStranger([&sources] { return findProgramFolder(sources).string(); });
+    };
+    EXPECT_EQ(foundByStranger(), (folder / "bin").string());
+    fs::permissions(folder / "bin", fs::perms{0555});
+    EXPECT_EQ(foundByStranger(), (folder / "data/kavo-timing").string());
+}
 
 TEST(ProgramFolder, IsMadeByFirstStartsAtTheSameMoment)
 {
@@ -197,6 +221,20 @@ TEST(ProgramFolderSources, ComeFromOptionAndEnvironment)
     EXPECT_TRUE(fs::exists(sources.executableFolder));
     EXPECT_EQ(sources.suppliedFiles, sources.executableFolder);  // the tests are not installed
 }
+
+#ifndef _WIN32
+TEST(ProgramFolderSources, OfTheEnvironmentMayBeMissing)
+{
+    const EnvironmentValue folder("KAVO_PROGRAM_FOLDER", "");
+    const EnvironmentValue dataHome("XDG_DATA_HOME", "/data");
+    const EnvironmentValue home("HOME", "");
+    const ProgramFolderSources sources = programFolderSources(std::nullopt);
+    EXPECT_FALSE(sources.option.has_value());
+    EXPECT_FALSE(sources.environment.has_value());
+    EXPECT_EQ(sources.dataHome, "/data");
+    EXPECT_FALSE(sources.home.has_value());
+}
+#endif
 
 TEST(SuppliedFolder, OfAPortableCopyComesBeforeThatOfAnInstallation)
 {

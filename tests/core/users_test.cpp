@@ -4,7 +4,9 @@
 #include "core/users.h"
 
 #include "base/run_time_error.h"
+#include "tests/support/error_of.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/trouble.h"
 
 #include <gtest/gtest.h>
 
@@ -63,6 +65,35 @@ TEST(CurrentUser, IsFoundInAnyCaseAndRewrittenInPlace)
     EXPECT_EQ(folder.read("curuser.DAT"), "eve\r\n");
     EXPECT_FALSE(folder.has("curUser.dat"));
 }
+
+#ifndef _WIN32
+TEST(CurrentUser, WhoCannotBeWrittenIsAnErrorAlsoWhereItIsTheOneBefore)
+{
+    const TemporaryFolder folder;
+    folder.write("curUser.dat", "bob\r\n");
+    const auto errorOfStranger = [&folder](unsigned ofFolder, unsigned ofFile) {
+        fs::permissions(folder / "curUser.dat", fs::perms{ofFile});
+        fs::permissions(folder.path(), fs::perms{ofFolder});
+        return test::asStranger(
+            [&folder] { return test::errorOf([&folder] { writeCurrentUser(folder.path(), "bob"); }); });
+    };
+    EXPECT_EQ(errorOfStranger(0777, 0666), "no error");
+    EXPECT_EQ(errorOfStranger(0777, 0444), "Path/File access error: curUser.dat");
+    EXPECT_EQ(errorOfStranger(0555, 0666), "Path/File access error: curUser.dat");
+    EXPECT_EQ(folder.read("curUser.dat"), "bob\r\n");
+}
+
+TEST(CurrentUser, WhoIsTheOneBeforeIsNotWrittenAnew)
+{
+    const TemporaryFolder folder;
+    folder.write("curUser.dat", "bob\r\n");
+    fs::create_hard_link(folder / "curUser.dat", folder / "same");
+    writeCurrentUser(folder.path(), "bob");
+    EXPECT_EQ(fs::hard_link_count(folder / "curUser.dat"), 2U);
+    writeCurrentUser(folder.path(), "eve");
+    EXPECT_EQ(folder.read("curUser.dat"), "eve\r\n");
+}
+#endif
 
 TEST(CurrentUser, FailsInAnEmptyFile)
 {

@@ -34,6 +34,12 @@ TEST(WindowLayout, TakesTheHeightBeforeTheWidth)
     EXPECT_EQ(layout.columnWidths, (std::array<double, 6>{5, 6, 7, 8, 9, 10}));
 }
 
+TEST(WindowLayout, HasNoPlaceForMoreThanTenNumbers)
+{
+    const WindowLayout layout = withValues({}, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11});
+    EXPECT_EQ(layout.columnWidths, (std::array<double, 6>{5, 6, 7, 8, 9, 10}));
+}
+
 TEST(WindowLayout, KeepsWhatAShortFileLacks)
 {
     WindowLayout designed;
