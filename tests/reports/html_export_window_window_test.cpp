@@ -53,16 +53,25 @@ protected:
                 box("Text5").toPlainText()};
     }
 
+    /// The dialogs of templates open where the last one was.
+    [[nodiscard]] kavo::test::FileDialog templateDialog(const QString& startAt) const
+    {
+        return {"Form11", {.filters = kTemplateFilters, .startAt = startAt}};
+    }
+
+    /// Nothing is chosen where there is no name.
     void load(const char* name)
     {
-        prompts.expectFileToOpen(kTemplateFilters, name == nullptr ? QString() : inFolder(name));
+        prompts.expectFileToOpen(templateDialog(lastFolder), name == nullptr ? QString() : inFolder(name));
         press("Command5");
+        if (name != nullptr) lastFolder = QFileInfo(inFolder(name)).path();
     }
 
     std::string save()
     {
-        prompts.expectFileToSave(kTemplateFilters, inFolder("saved.ett"));
+        prompts.expectFileToSave(templateDialog(lastFolder), inFolder("saved.ett"));
         press("Command2");
+        lastFolder = kavo::pathToScreen(folder.path());
         return folder.read("saved.ett");
     }
 
@@ -183,10 +192,10 @@ TEST_F(HtmlExportWindow, InsertBeyondTheLastCountablePositionIsAnError)
 
 TEST_F(HtmlExportWindow, BrowseFillsThePathOrLeavesIt)
 {
-    prompts.expectFileToSave(kReportFilters, "/tmp/r.html");
+    prompts.expectFileToSave({"Form11", {.filters = kReportFilters}}, "/tmp/r.html");
     press("Command1");
     EXPECT_EQ(path().text(), "/tmp/r.html");
-    prompts.expectFileToSave(kReportFilters, "");
+    prompts.expectFileToSave({"Form11", {.filters = kReportFilters, .startAt = "/tmp/r.html"}}, "");
     press("Command1");
     EXPECT_EQ(path().text(), "/tmp/r.html");
 }
@@ -195,19 +204,19 @@ TEST_F(HtmlExportWindow, TemplatesAreLookedForAmongTheSuppliedOnesThenWhereTheLa
 {
     folder.write("templates/supplied.ett", "");
     folder.write("mine/own.ett", "");
-    load(nullptr);
-    EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("templates"));
-    load("mine/own.ett");
-    EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("templates"));
-    save();
-    EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("mine"));
+    const auto loadFrom = [this](const QString& startAt, const QString& chosen) {
+        prompts.expectFileToOpen(templateDialog(startAt), chosen);
+        press("Command5");
+    };
+    loadFrom(inFolder("templates"), "");
+    loadFrom(inFolder("templates"), inFolder("mine/own.ett"));
+    prompts.expectFileToSave(templateDialog(inFolder("mine")), inFolder("saved.ett"));
+    press("Command2");
     window = std::make_unique<Form11>(services, reports, nullptr);
     showAndWait(*window);
-    load(nullptr);
-    EXPECT_EQ(QString(prompts.startOfLastFileDialog() + "/saved.ett"), inFolder("saved.ett")) << "where it was saved";
+    loadFrom(kavo::pathToScreen(folder.path()), "");  // where it was saved
     session.lastTemplateFolder = folder / "gone";
-    load(nullptr);
-    EXPECT_EQ(prompts.startOfLastFileDialog(), inFolder("templates"));
+    loadFrom(inFolder("templates"), "");
 }
 
 TEST_F(HtmlExportWindow, ExportWritesTheTypedSections)
@@ -338,10 +347,10 @@ TEST_F(HtmlExportWindow, WordsInACodePageSurviveBesideAnEdit)
 
 TEST_F(HtmlExportWindow, SavingWhereNothingCanBeWrittenIsReported)
 {
-    prompts.expectFileToSave(kTemplateFilters, inFolder("none/t.ett"));
+    prompts.expectFileToSave(templateDialog(""), inFolder("none/t.ett"));
     prompts.expectMessage({.text = "Path not found: t.ett", .icon = kavo::MessageIcon::Critical});
     press("Command2");
-    prompts.expectFileToSave(kTemplateFilters, "");
+    prompts.expectFileToSave(templateDialog(""), "");
     press("Command2");
 }
 

@@ -29,9 +29,10 @@ protected:
 
     [[nodiscard]] QString inFolder(const char* name) const { return QString::fromStdString((folder / name).string()); }
 
+    /// The dialog opens on what was chosen before.
     void browseTo(const Form9& window, const QString& chosen)
     {
-        prompts.expectFileToSave({}, chosen);
+        prompts.expectFileToSave({"Form9", {.startAt = path(window).text()}}, chosen);
         click(browse(window));
     }
 

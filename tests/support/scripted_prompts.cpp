@@ -5,6 +5,7 @@
 
 #include "forms/screen_text.h"
 
+#include <QWidget>
 #include <gtest/gtest.h>
 
 #include <utility>
@@ -24,9 +25,18 @@ QString described(const LineQuestion& question)
     return "line [" + question.title + "] " + question.prompt + " (" + question.preset + ")";
 }
 
-QString described(const char* kind, const QStringList& filters)
+QString described(const char* kind, const FileDialog& dialog)
 {
-    return QString(kind) + " {" + filters.join(";;") + "}";
+    const auto& [title, filters, startAt] = dialog.question;
+    return QString(kind) + " over " + dialog.window + " [" + title + "] {" + filters.join(";;") + "} at " + startAt;
+}
+
+/// The window that a dialog is opened over.
+QString windowOf(const QWidget* parent)
+{
+    if (parent == nullptr) return "no window";
+    if (!parent->isWindow()) return parent->objectName() + ", no window";
+    return parent->isVisible() ? parent->objectName() : parent->objectName() + ", hidden";
 }
 
 }  // namespace
@@ -70,14 +80,14 @@ void ScriptedPrompts::expectLine(const LineQuestion& question, std::optional<QSt
     expect({.described = described(question), .text = std::move(answer)});
 }
 
-void ScriptedPrompts::expectFileToOpen(const QStringList& filters, const QString& answer)
+void ScriptedPrompts::expectFileToOpen(const FileDialog& dialog, const QString& answer)
 {
-    expect({.described = described("open", filters), .text = answer});
+    expect({.described = described("open", dialog), .text = answer});
 }
 
-void ScriptedPrompts::expectFileToSave(const QStringList& filters, const QString& answer)
+void ScriptedPrompts::expectFileToSave(const FileDialog& dialog, const QString& answer)
 {
-    expect({.described = described("save", filters), .text = answer});
+    expect({.described = described("save", dialog), .text = answer});
 }
 
 void ScriptedPrompts::expectColour(const QColor& preset, const QColor& answer)
@@ -100,16 +110,14 @@ std::optional<QString> ScriptedPrompts::askLine(QWidget*, const LineQuestion& qu
     return take(described(question)).text;
 }
 
-QString ScriptedPrompts::askFileToOpen(QWidget*, const FileQuestion& question)
+QString ScriptedPrompts::askFileToOpen(QWidget* parent, const FileQuestion& question)
 {
-    m_startOfLastFileDialog = question.startAt;
-    return take(described("open", question.filters)).text.value_or(QString());
+    return take(described("open", {windowOf(parent), question})).text.value_or(QString());
 }
 
-QString ScriptedPrompts::askFileToSave(QWidget*, const FileQuestion& question)
+QString ScriptedPrompts::askFileToSave(QWidget* parent, const FileQuestion& question)
 {
-    m_startOfLastFileDialog = question.startAt;
-    return take(described("save", question.filters)).text.value_or(QString());
+    return take(described("save", {windowOf(parent), question})).text.value_or(QString());
 }
 
 QColor ScriptedPrompts::askColour(QWidget*, const QColor& preset)

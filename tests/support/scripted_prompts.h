@@ -12,6 +12,13 @@
 
 namespace kavo::test {
 
+/// A dialog for a file: over which window, and with what it opens.
+struct FileDialog
+{
+    QString window;  ///< by its object name
+    FileQuestion question{};
+};
+
 /// Answers the boxes of a window test from a script. Each box must come in its turn and with the text
 /// that the script names; a wrong text, an extra box and one that never came fail the test.
 class ScriptedPrompts final : public Prompts
@@ -26,12 +33,9 @@ public:
     void expectMessage(const Message& message, std::function<void()> meanwhile = {});
     void expectYesNo(const Message& message, Answer answer);
     void expectLine(const LineQuestion& question, std::optional<QString> answer);
-    void expectFileToOpen(const QStringList& filters, const QString& answer);
-    void expectFileToSave(const QStringList& filters, const QString& answer);
+    void expectFileToOpen(const FileDialog& dialog, const QString& answer);
+    void expectFileToSave(const FileDialog& dialog, const QString& answer);
     void expectColour(const QColor& preset, const QColor& answer);
-
-    /// Where the last file dialog opened.
-    [[nodiscard]] const QString& startOfLastFileDialog() const { return m_startOfLastFileDialog; }
 
     /// All boxes of the script have come.
     [[nodiscard]] bool isDone() const { return m_script.empty(); }
@@ -57,7 +61,6 @@ private:
     Box take(const QString& described);
 
     std::queue<Box> m_script;
-    QString m_startOfLastFileDialog;
 };
 
 }  // namespace kavo::test

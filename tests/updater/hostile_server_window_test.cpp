@@ -4,6 +4,7 @@
 // The updater's window in front of servers of every kind: what the user is told, what the targets become, and
 // that the window answers all the time.
 
+#include "tests/support/environment.h"
 #include "tests/support/heartbeat.h"
 #include "tests/updater/updater_window_fixture.h"
 
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -225,22 +227,11 @@ protected:
     FoldersInMemory()
     {
         constexpr const char* kMemory = "/dev/shm";
-        if (QFileInfo(kMemory).isWritable()) qputenv(kVariable, kMemory);
+        if (QFileInfo(kMemory).isWritable()) m_folder.emplace("TMPDIR", kMemory);
     }
-    ~FoldersInMemory()
-    {
-        if (m_before.isEmpty())
-            qunsetenv(kVariable);
-        else
-            qputenv(kVariable, m_before);
-    }
-    FoldersInMemory(const FoldersInMemory&) = delete;
-    FoldersInMemory& operator=(const FoldersInMemory&) = delete;
 
 private:
-    static constexpr const char* kVariable = "TMPDIR";
-
-    QByteArray m_before = qgetenv(kVariable);
+    std::optional<kavo::test::EnvironmentValue> m_folder;
 };
 
 class HostileServer : private FoldersInMemory, public kavo::test::UpdaterWindowTest

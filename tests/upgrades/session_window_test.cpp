@@ -111,7 +111,7 @@ protected:
     void exportText(const QString& nick)
     {
         withKey("Form9", Qt::CTRL | Qt::Key_T, [this, &nick](QWidget& window) {
-            prompts.expectFileToSave({}, inFolder("exports/" + nick + ".txt"));
+            prompts.expectFileToSave({"Form9"}, inFolder("exports/" + nick + ".txt"));
             press(window, "Command1");
             prompts.expectYesNo(
                 {.text = std::string(kavo::messages::kExported), .title = std::string(kavo::messages::kExportedTitle)},
@@ -125,10 +125,13 @@ protected:
     {
         const QStringList templates = {"*Kavo Timing Template (*.ett)", "All files (*)"};
         withKey("Form11", Qt::CTRL | Qt::Key_H, [&](QWidget& window) {
-            prompts.expectFileToOpen(templates, inFolder("own.ett"));
+            prompts.expectFileToOpen({"Form11", {.filters = templates, .startAt = templateFolder}},
+                                     inFolder("own.ett"));
             press(window, "Command5");
-            prompts.expectFileToSave(templates, inFolder("exports/saved.ett"));
+            prompts.expectFileToSave({"Form11", {.filters = templates, .startAt = kavo::pathToScreen(folder.path())}},
+                                     inFolder("exports/saved.ett"));
             press(window, "Command2");
+            templateFolder = inFolder("exports");
             control<QLineEdit>(window, "Text1").setText(inFolder("exports/" + nick + ".html"));
             prompts.expectMessage({.text = std::string(kavo::messages::kOk)});
             press(window, "Command4");
@@ -146,6 +149,8 @@ protected:
         exportHtml(nick);
         EXPECT_TRUE(prompts.isDone());
     }
+
+    QString templateFolder;  ///< where the last template was; none at first
 
     void changeUser()
     {

@@ -252,13 +252,16 @@ TEST_F(OptionsWindow, CancelWritesNothingAndShowsTheMainWindow)
 TEST_F(OptionsWindow, BrowseButtonsFillTheirBoxes)
 {
     look([this](const QWidget& window) {
-        prompts.expectFileToOpen({}, "/games/one/stats.txt");
+        const kavo::test::FileDialog first{"Form2", {.startAt = kavo::pathToScreen(folder / "game")}};
+        const kavo::test::FileDialog home{"Form2", {.startAt = QDir::homePath()}};
+        const kavo::test::FileDialog second{"Form2", {.startAt = kavo::pathToScreen(folder / "friend")}};
+        prompts.expectFileToOpen(first, "/games/one/stats.txt");
         press(window, "Command1");
         EXPECT_EQ(line(window, "Text1").text(), "/games/one/stats.txt");
-        prompts.expectFileToOpen({}, "");
+        prompts.expectFileToOpen(home, "");  // no such folder as the one just chosen
         press(window, "Command1");
         EXPECT_EQ(line(window, "Text1").text(), "/games/one/stats.txt");
-        prompts.expectFileToOpen({}, "/games/two/stats.txt");
+        prompts.expectFileToOpen(second, "/games/two/stats.txt");
         press(window, "Command2");
         EXPECT_EQ(line(window, "Text2").text(), "/games/two/stats.txt");
     });
@@ -278,18 +281,17 @@ TEST_F(OptionsWindow, GradeIsAskedForUntilOneIsChosen)
 TEST_F(OptionsWindow, BrowsingStartsInTheHomeFolderUnlessTheBoxHoldsAPath)
 {
     folder.write("game/sub/other.txt", "");
-    const auto startOf = [this](const QWidget& window, const QString& typed) {
+    const auto expectStart = [this](const QWidget& window, const QString& typed, const QString& start) {
         line(window, "Text1").setText(typed);
-        prompts.expectFileToOpen({}, "");
+        prompts.expectFileToOpen({"Form2", {.startAt = start}}, "");
         press(window, "Command1");
-        return prompts.startOfLastFileDialog();
     };
     look([&](const QWidget& window) {
-        EXPECT_EQ(startOf(window, "game/sub/other.txt"), kavo::pathToScreen(folder / "game/sub"));
-        EXPECT_EQ(startOf(window, kavo::pathToScreen(folder / "game/stats.txt")), kavo::pathToScreen(folder / "game"));
-        EXPECT_EQ(startOf(window, ""), QDir::homePath());
-        EXPECT_EQ(startOf(window, "\\stats.txt"), QDir::homePath()) << "as designed: nothing was chosen yet";
-        EXPECT_EQ(startOf(window, "/unplugged/disk/stats.txt"), QDir::homePath());
+        expectStart(window, "game/sub/other.txt", kavo::pathToScreen(folder / "game/sub"));
+        expectStart(window, kavo::pathToScreen(folder / "game/stats.txt"), kavo::pathToScreen(folder / "game"));
+        expectStart(window, "", QDir::homePath());
+        expectStart(window, "\\stats.txt", QDir::homePath());  // as designed: nothing was chosen yet
+        expectStart(window, "/unplugged/disk/stats.txt", QDir::homePath());
     });
 }
 
