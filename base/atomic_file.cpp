@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <functional>
 #include <utility>
 
 #ifndef _WIN32

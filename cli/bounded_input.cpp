@@ -7,7 +7,6 @@
 #include "base/run_time_error.h"
 #include "cli/command.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <memory>
 

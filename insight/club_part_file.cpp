@@ -5,7 +5,6 @@
 
 #include "insight/fingerprint.h"
 
-#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <vector>

@@ -21,7 +21,6 @@
 #include "insight/targets_check.h"
 
 #include <algorithm>
-#include <iterator>
 #include <set>
 #include <string>
 #include <utility>
@@ -245,10 +244,10 @@ private:
 
     void lookAtSecondFile(const fs::path& folder, const Session& session)
     {
-        constexpr std::string_view kPreviousResults = "1res.old";
-        if (trimBlanks(session.CompPath) == kCompareWithTargets) return;
+        const CompareMethod method = methodOfPath(session.CompPath);
+        if (method == CompareMethod::Targets) return;
         const fs::path file = locateTyped(m_folder, session.CompPath);
-        const bool isPrevious = lastCharacters(session.CompPath, kPreviousResults.size()) == kPreviousResults;
+        const bool isPrevious = method == CompareMethod::PreviousResults;
         const auto content = lookInto(file, FileUse::Read, nullptr);
         if (content)
             add(file,

@@ -5,7 +5,6 @@
 
 #include "base/text.h"
 #include "core/counted_time.h"
-#include "core/level_time.h"
 
 #include <array>
 #include <cstddef>

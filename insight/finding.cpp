@@ -7,7 +7,6 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace kavo {
 

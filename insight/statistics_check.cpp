@@ -9,7 +9,6 @@
 #include "core/statistics_file.h"
 #include "insight/exact_time.h"
 
-#include <array>
 #include <iterator>
 #include <optional>
 #include <string>

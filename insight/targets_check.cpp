@@ -3,7 +3,6 @@
 
 #include "insight/targets_check.h"
 
-#include "base/text.h"
 #include "base/text_cursor.h"
 #include "core/levels.h"
 #include "insight/exact_time.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "base/code_page.h"
+#include "forms/screen_text.h"
 #include "reports/html_export_window.h"
 #include "tests/support/environment.h"
 #include "tests/support/report_window_fixture.h"
@@ -95,6 +96,7 @@ protected:
 
     kavo::HtmlReports reports;
     std::unique_ptr<Form11> window;
+    QString lastFolder;  ///< where the last template was; none at first
 };
 
 TEST_F(HtmlExportWindow, HasItsCaptions)
