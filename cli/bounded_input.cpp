@@ -5,35 +5,16 @@
 
 #include "base/file_name.h"
 #include "base/run_time_error.h"
+#include "base/text_file.h"
 #include "cli/command.h"
 
 #include <cerrno>
-#include <memory>
 
 namespace kavo {
 
 namespace {
 
 constexpr std::string_view kStandardInput = "-";
-
-struct CloseFile
-{
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-std::unique_ptr<std::FILE, CloseFile> openToRead(const std::filesystem::path& path)
-{
-#ifdef _WIN32
-    std::unique_ptr<std::FILE, CloseFile> file(::_wfopen(path.c_str(), L"rb"));
-#else
-    std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
-#endif
-    const int error = errno;
-    const std::error_code reason(error, std::generic_category());
-    if (!file && error == ENOENT) throw RunTimeError(Failure::FileNotFound, path, reason);
-    if (!file) throw RunTimeError(reason, path);
-    return file;
-}
 
 CommandError tooLarge(const std::string& name, std::size_t largest)
 {
@@ -67,9 +48,13 @@ NamedInput readInput(std::string_view file, std::FILE* in, std::size_t largest)
         return {name, readAll(in, name, largest)};
     }
     const std::filesystem::path path = fileNamed(file);
-    const auto opened = openToRead(path);
     const std::string name = textOf(path);
-    return {name, readAll(opened.get(), name, largest)};
+    try {
+        return {name, std::string(readContent(path, largest).view())};
+    } catch (const RunTimeError& error) {
+        if (error.failure() == Failure::FileTooLarge) throw tooLarge(name, largest);
+        throw;
+    }
 }
 
 }  // namespace kavo

@@ -172,11 +172,6 @@ class Places:
 SILENT_WHERE_UNREADABLE = ("program/Marek/1res.old",)
 
 
-# A pipe that the user names on the command line is waited for, as by every other program: its writer may be a download
-# that has yet to begin.
-PIPE_TO_WAIT_FOR = ("in/page.html", "pipe", "cli-update-targets")
-
-
 def is_ordinary(path, kind):
     """Whether nothing is odd about such a thing in such a place."""
     return (path in sandbox.FOLDERS and "folder" in kind) or (kind == UNREADABLE and path in SILENT_WHERE_UNREADABLE)
@@ -191,8 +186,7 @@ def run_places(programs, findings, folder):
                 if is_ordinary(path, kind):
                     continue
                 for operation in READERS + [by_name[name] for name in writers]:
-                    is_odd = (path, kind, operation.name) != PIPE_TO_WAIT_FOR
-                    if is_odd and (programs.operations or not operation.is_window):
+                    if programs.operations or not operation.is_window:
                         places.run(operation, path, kind)
 
 
