@@ -6,8 +6,6 @@
 #include "base/text.h"
 #include "core/counted_time.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -22,9 +20,9 @@ constexpr std::size_t kFieldWidth = 2;
 
 struct TimeFields
 {
-    std::int32_t minutes = 0;
-    std::int32_t seconds = 0;
-    std::int32_t hundredths = 0;
+    std::int32_t minutes;
+    std::int32_t seconds;
+    std::int32_t hundredths;
 };
 
 bool isDigit(char byte)
@@ -36,10 +34,9 @@ bool isDigit(char byte)
 /// their digits as they stand saves a third of a loading.
 std::optional<TimeFields> plainFields(std::string_view time)
 {
-    constexpr std::array<std::size_t, 6> kDigitsAt = {0, 1, 3, 4, 6, 7};
     if (time.size() != 8 || time[2] != ':' || time[5] != ':') return std::nullopt;
-    if (!std::all_of(kDigitsAt.begin(), kDigitsAt.end(), [time](std::size_t at) { return isDigit(time[at]); }))
-        return std::nullopt;
+    for (const std::size_t at : {0, 1, 3, 4, 6, 7})
+        if (!isDigit(time[at])) return std::nullopt;
     const auto field = [time](std::size_t at) { return (time[at] - '0') * 10 + (time[at + 1] - '0'); };
     return TimeFields{field(0), field(3), field(6)};
 }
@@ -69,15 +66,16 @@ TimeFields fieldsOfAdded(std::string_view time)
 
 void appendTwoDigits(std::string& text, double number)
 {
-    const int whole = number >= 0 && number < 100 ? static_cast<int>(number) : -1;
-    if (whole == number) {
-        text += static_cast<char>('0' + whole / 10);
-        text += static_cast<char>('0' + whole % 10);
-        return;
+    constexpr double kThreeDigits = 100;
+    if (number >= 0 && number < kThreeDigits) {
+        const int whole = static_cast<int>(number);
+        if (whole == number) {
+            text += static_cast<char>('0' + whole / 10);
+            text += static_cast<char>('0' + whole % 10);
+            return;
+        }
     }
-    const std::string digits = decimal(number);
-    if (digits.size() == 1) text += '0';
-    text += digits;
+    text += decimal(number);
 }
 
 std::string timeText(double minutes, double seconds, double hundredths)

@@ -45,6 +45,22 @@ TEST(AddTime, TakesHundredthsOfTheTotalFromItsEndAndOfTheTimeFromAFixedPlace)
     EXPECT_EQ(AddTime("00:00:00", "01:02:3"), "01:02:03");
 }
 
+TEST(AddTime, ReadsDigitsBesideBlanks)
+{
+    for (const char* time : {" 1:02:03", "1 :02:03", "01: 2:03", "01:2 :03", "01:02: 3", "01:02:3 "}) {
+        EXPECT_EQ(AddTime(time, "00:00:00"), "01:02:03") << time;
+        EXPECT_EQ(AddTime("00:00:00", time), "01:02:03") << time;
+        EXPECT_EQ(HundredthsOf(time), 6203) << time;
+    }
+}
+
+TEST(AddTime, KeepsTheSignOfWhatIsNoTime)
+{
+    // A minute less: (00 - 1):05:00 with the digits of -1 as they are.
+    EXPECT_EQ(AddTime("00:02:00", "-1:03:00"), "-1:05:00");
+    EXPECT_EQ(AddTime("00:00:00", "00:-7:00"), "00:-7:00");
+}
+
 TEST(AddTime, CountsTextWithoutDigitsAsNothing)
 {
     EXPECT_EQ(AddTime("", ""), "00:00:00");
@@ -159,6 +175,11 @@ TEST(TwoDigits, PadsASingleDigit)
     EXPECT_EQ(twoDigits(7), "07");
     EXPECT_EQ(twoDigits(12), "12");
     EXPECT_EQ(twoDigits(123), "123");
+    EXPECT_EQ(twoDigits(100), "100");
+    EXPECT_EQ(twoDigits(99), "99");
+    EXPECT_EQ(twoDigits(-0.0), "00");
+    EXPECT_EQ(twoDigits(-1), "-1");
+    EXPECT_EQ(twoDigits(12.5), "12.5");
 }
 
 }  // namespace
