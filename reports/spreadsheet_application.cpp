@@ -4,7 +4,8 @@
 #include "reports/spreadsheet_application.h"
 
 #ifdef _WIN32
-#include "reports/excel/excel_spreadsheet.h"
+#include "reports/automation/calc_spreadsheet.h"
+#include "reports/automation/excel_spreadsheet.h"
 #else
 #include "base/file_name.h"
 #include "core/program_folder.h"
@@ -26,6 +27,7 @@ namespace kavo {
 std::unique_ptr<Spreadsheet> openSpreadsheetApplication(const std::stop_token&)
 {
     // The system starts it and cannot be told to stop; whoever asked for that looks next.
+    if (!isRegistered(kExcel) && isRegistered(kCalc)) return std::make_unique<CalcSpreadsheet>();
     return std::make_unique<ExcelSpreadsheet>();
 }
 

@@ -11,8 +11,9 @@
 
 namespace kavo {
 
-/// The spreadsheet application of this platform: Excel on Windows, elsewhere LibreOffice Calc. Nothing of
-/// it is loaded before this is called. Throws a std::exception when there is none, and when `stop` is asked for.
+/// The spreadsheet application of this platform: on Windows Excel, or LibreOffice Calc where Excel is not installed;
+/// elsewhere LibreOffice Calc. Nothing of it is loaded before this is called. Throws a std::exception when there is
+/// none, and when `stop` is asked for.
 [[nodiscard]] std::unique_ptr<Spreadsheet> openSpreadsheetApplication(const std::stop_token& stop);
 
 /// Where LibreOffice's module is looked for, in this order, given the folder of the executable.

@@ -13,10 +13,10 @@ cd "$(dirname "$0")/.."
 most=8 # sources that --changed checks
 limit=()
 
-# Sources whose layer is linted; Excel's binding compiles for Windows only.
+# Sources whose layer is linted; the automation of other programs compiles for Windows only.
 sources() {
     git ls-files --cached --others --exclude-standard -- "$@" |
-        { grep -vE '^(tests|bench|fuzz|tools)/|^reports/excel/' || true; }
+        { grep -vE '^(tests|bench|fuzz|tools)/|^reports/automation/(automation|calc|excel)_' || true; }
 }
 
 # A header is read with the source of the same name, or else with the first that includes it.

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Kavo Timing contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "reports/excel/automation_object.h"
+#include "reports/automation/automation_object.h"
 
+#include <array>
 #include <new>
 #include <objbase.h>
 #include <oleauto.h>
@@ -37,6 +38,38 @@ DISPID memberNumber(IDispatch& dispatch, const wchar_t* name)
     DISPID number = DISPID_UNKNOWN;
     check(dispatch.GetIDsOfNames(IID_NULL, &names, 1, kEnglish, &number), "the application has no such member");
     return number;
+}
+
+/// An array of empty values of as many dimensions as there are bounds.
+VARIANT emptyArray(std::span<SAFEARRAYBOUND> bounds)
+{
+    VARIANT array;
+    ::VariantInit(&array);
+    array.parray = ::SafeArrayCreate(VT_VARIANT, static_cast<UINT>(bounds.size()), bounds.data());
+    if (array.parray == nullptr) throw std::bad_alloc();
+    array.vt = VT_ARRAY | VT_VARIANT;
+    return array;
+}
+
+VARIANT emptyTable(int rows, int columns)
+{
+    std::array<SAFEARRAYBOUND, 2> bounds{};
+    bounds[0] = {static_cast<ULONG>(rows), 1};
+    bounds[1] = {static_cast<ULONG>(columns), 1};
+    return emptyArray(bounds);
+}
+
+VARIANT emptyList(int size)
+{
+    SAFEARRAYBOUND bounds = {static_cast<ULONG>(size), 0};
+    return emptyArray({&bounds, 1});
+}
+
+/// The array makes its own copy.
+void putCopy(const AutomationValue& array, LONG* place, const AutomationValue& value)
+{
+    VARIANT copied = value.raw();
+    check(::SafeArrayPutElement(array.raw().parray, place, &copied), "a value does not fit into the array");
 }
 
 }  // namespace
@@ -76,9 +109,49 @@ AutomationValue::AutomationValue(std::string_view utf8) : AutomationValue()
     if (m_value.bstrVal == nullptr) throw std::bad_alloc();
 }
 
+AutomationValue::AutomationValue(float value) : AutomationValue()
+{
+    m_value.vt = VT_R4;
+    m_value.fltVal = value;
+}
+
+AutomationValue::AutomationValue(const AutomationValue& other) : AutomationValue()
+{
+    VARIANT source = other.m_value;  // is only read, which the function's type does not say
+    if (FAILED(::VariantCopy(&m_value, &source))) throw std::bad_alloc();
+}
+
 AutomationValue::~AutomationValue()
 {
     ::VariantClear(&m_value);
+}
+
+std::int32_t AutomationValue::number() const
+{
+    if (m_value.vt != VT_I4) throw std::runtime_error("the member is no number");
+    return m_value.lVal;
+}
+
+AutomationTable::AutomationTable(int rows, int columns) : m_value(emptyTable(rows, columns)) {}
+
+void AutomationTable::set(int row, int column, const AutomationValue& value)
+{
+    std::array<LONG, 2> place = {row, column};
+    putCopy(m_value, place.data(), value);
+}
+
+AutomationList::AutomationList(int size) : m_value(emptyList(size)) {}
+
+void AutomationList::set(int number, const AutomationValue& value)
+{
+    LONG place = number;
+    putCopy(m_value, &place, value);
+}
+
+bool isRegistered(const wchar_t* programId)
+{
+    CLSID id{};
+    return SUCCEEDED(::CLSIDFromProgID(programId, &id));
 }
 
 AutomationObject AutomationObject::create(const wchar_t* programId)
@@ -107,7 +180,7 @@ AutomationObject::~AutomationObject()
     if (m_dispatch != nullptr) m_dispatch->Release();
 }
 
-AutomationObject AutomationObject::get(const wchar_t* name, std::initializer_list<AutomationValue> arguments) const
+AutomationObject AutomationObject::get(const wchar_t* name, Arguments arguments) const
 {
     const VARIANT result = invoke(name, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {arguments.begin(), arguments.size()});
     if (result.vt == VT_DISPATCH && result.pdispVal != nullptr) return AutomationObject(result.pdispVal);
@@ -115,14 +188,19 @@ AutomationObject AutomationObject::get(const wchar_t* name, std::initializer_lis
     throw std::runtime_error("the member is no object");
 }
 
+AutomationValue AutomationObject::value(const wchar_t* name, Arguments arguments) const
+{
+    return AutomationValue(invoke(name, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {arguments.begin(), arguments.size()}));
+}
+
 void AutomationObject::set(const wchar_t* name, const AutomationValue& value) const
 {
     const AutomationValue freed(invoke(name, DISPATCH_PROPERTYPUT, {&value, 1}));
 }
 
-void AutomationObject::call(const wchar_t* name) const
+void AutomationObject::call(const wchar_t* name, Arguments arguments) const
 {
-    const AutomationValue freed(invoke(name, DISPATCH_METHOD, {}));
+    const AutomationValue freed(invoke(name, DISPATCH_METHOD, {arguments.begin(), arguments.size()}));
 }
 
 VARIANT AutomationObject::invoke(const wchar_t* name, WORD kind, std::span<const AutomationValue> arguments) const

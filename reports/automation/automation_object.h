@@ -30,25 +30,64 @@ public:
     explicit AutomationValue(VARIANT owned) : m_value(owned) {}
     explicit AutomationValue(bool value);
     explicit AutomationValue(std::int32_t value);
+    explicit AutomationValue(float value);
     explicit AutomationValue(std::string_view utf8);
-    AutomationValue(const AutomationValue&) = delete;
+    explicit AutomationValue(const std::string& utf8) : AutomationValue(std::string_view(utf8)) {}
+    explicit AutomationValue(const char* utf8) : AutomationValue(std::string_view(utf8)) {}
+    AutomationValue(const AutomationValue& other);
     AutomationValue& operator=(const AutomationValue&) = delete;
     ~AutomationValue();
 
     [[nodiscard]] const VARIANT& raw() const { return m_value; }
 
+    /// Throws std::runtime_error when it is something else.
+    [[nodiscard]] std::int32_t number() const;
+
 private:
     VARIANT m_value;
 };
+
+/// Values in rows and columns, numbered from 1: one argument of a call. What is not set is empty.
+class AutomationTable final
+{
+public:
+    AutomationTable(int rows, int columns);
+
+    void set(int row, int column, const AutomationValue& value);
+
+    [[nodiscard]] const AutomationValue& value() const { return m_value; }
+
+private:
+    AutomationValue m_value;
+};
+
+/// Values one after the other, numbered from 0: one argument of a call. What is not set is empty.
+class AutomationList final
+{
+public:
+    explicit AutomationList(int size);
+
+    void set(int number, const AutomationValue& value);
+
+    [[nodiscard]] const AutomationValue& value() const { return m_value; }
+
+private:
+    AutomationValue m_value;
+};
+
+/// Whether an application of that name ("Excel.Application") can be started.
+[[nodiscard]] bool isRegistered(const wchar_t* programId);
 
 /// An object of another application whose members are found by name at run time. Every call throws
 /// std::runtime_error when it fails.
 class AutomationObject final
 {
 public:
+    using Arguments = std::initializer_list<AutomationValue>;
+
     AutomationObject() = default;
 
-    /// A new instance of a registered application ("Excel.Application").
+    /// A new instance of a registered application.
     [[nodiscard]] static AutomationObject create(const wchar_t* programId);
 
     AutomationObject(AutomationObject&& other) noexcept;
@@ -58,10 +97,11 @@ public:
     ~AutomationObject();
 
     /// The object that a property or a method yields.
-    [[nodiscard]] AutomationObject get(const wchar_t* name,
-                                       std::initializer_list<AutomationValue> arguments = {}) const;
+    [[nodiscard]] AutomationObject get(const wchar_t* name, Arguments arguments = {}) const;
+    /// What it yields where that is none.
+    [[nodiscard]] AutomationValue value(const wchar_t* name, Arguments arguments = {}) const;
     void set(const wchar_t* name, const AutomationValue& value) const;
-    void call(const wchar_t* name) const;
+    void call(const wchar_t* name, Arguments arguments = {}) const;
 
 private:
     explicit AutomationObject(IDispatch* dispatch) : m_dispatch(dispatch) {}

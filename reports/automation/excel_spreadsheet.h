@@ -3,13 +3,17 @@
 
 #pragma once
 
-#include "reports/excel/automation_object.h"
-#include "reports/spreadsheet.h"
+#include "reports/automation/automation_object.h"
+#include "reports/automation/sheet_draft.h"
+
+#include <string>
 
 namespace kavo {
 
+inline constexpr const wchar_t* kExcel = L"Excel.Application";
+
 /// Microsoft Excel, driven through its automation interface. Failures are reported as std::runtime_error.
-class ExcelSpreadsheet final : public Spreadsheet
+class ExcelSpreadsheet final : public DraftedSpreadsheet
 {
 public:
     ExcelSpreadsheet();
@@ -17,16 +21,17 @@ public:
     void makeVisible() override;
     void setSheetsInNewWorkbook(int count) override;
     void addWorkbook() override;
-    void setCellValue(int row, int column, const CellValue& value) override;
-    void setCellFont(int row, int column, const CellFont& font) override;
-    void autoFitColumns(int first, int last) override;
 
 private:
-    [[nodiscard]] AutomationObject cell(int row, int column) const;
+    void writeSheet(const SheetDraft& draft) override;
+    void fitColumns(int first, int last) override;
+
+    [[nodiscard]] AutomationObject range(const std::string& addresses) const;
+    void writeEntries(const SheetDraft& draft) const;
 
     AutomationLibrary m_library;  ///< before the objects, which must be gone when it ends
     AutomationObject m_application;
-    AutomationObject m_cells;  ///< of the new workbook's sheet
+    AutomationObject m_sheet;  ///< of the new workbook
 };
 
 }  // namespace kavo
