@@ -183,7 +183,7 @@ TEST(ContainsIgnoringCase, FindsAWord)
     EXPECT_TRUE(containsIgnoringCase("steppeststeppessteppe", "steppes"));
     EXPECT_TRUE(containsIgnoringCase("xxxxxpLaYeR", "player"));
     EXPECT_FALSE(containsIgnoringCase("playeplayeplaye[yer", "player"));
-    EXPECT_FALSE(containsIgnoringCase(std::string(1000, 'r') + "\xFF\xD0", "player"));
+    EXPECT_FALSE(containsIgnoringCase(std::string(1000, 'r').append("\xFF\xD0"), "player"));
 }
 
 TEST(CodePoint, GoesWithItsBytes)

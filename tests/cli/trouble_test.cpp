@@ -110,6 +110,8 @@ TEST_F(Trouble, StatisticsFileOfATerabyteIsToldAtOnce)
     EXPECT_EQ(outcome.error, "kavo-timing-cli: File too large: " + path("stats.txt") + "\n");
 }
 
+#ifndef _WIN32  // where no pipe has a place among the files, no process a smallest disk, and a folder in use stays
+
 TEST_F(Trouble, PipesInPlaceOfFilesAreToldAtOnce)
 {
     for (const auto& [name, status, message] :
@@ -151,6 +153,8 @@ TEST_F(Trouble, WorkingFolderThatWasDeletedIsAPathThatIsNotFound)
         "name the program folder\n");
     EXPECT_EQ(run({"show"}).status, 0);
 }
+
+#endif
 
 }  // namespace
 

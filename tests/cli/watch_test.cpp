@@ -323,6 +323,8 @@ TEST_F(WatchCommand, RefusesWrongCalls)
     EXPECT_EQ(watch(1s, {"--user", "nobody"}).status, 1);
 }
 
+#ifndef _WIN32  // whose console tells all of its programs of the end, the one that started the tests, too
+
 TEST(Waiting, EndsAtOnceWhenTheUserWantsTheEnd)
 {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
@@ -345,6 +347,8 @@ TEST(Waiting, LeavesAnIgnoredSignalIgnored)
     }
     static_cast<void>(std::signal(SIGHUP, before));
 }
+
+#endif
 
 }  // namespace
 }  // namespace kavo

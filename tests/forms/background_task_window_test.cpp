@@ -3,7 +3,9 @@
 
 #include "forms/background_task.h"
 #include "tests/support/gate.h"
+#ifndef _WIN32
 #include "tests/support/no_more_threads.h"
+#endif
 #include "tests/support/wait_until.h"
 
 #include <QCursor>
@@ -90,6 +92,8 @@ TEST(BackgroundTask, CancelStopsTheTaskAndTakesTheCursorBackAtOnce)
     EXPECT_FALSE(hasWaitCursor());
 }
 
+#ifndef _WIN32  // whose threads take the size of their stacks from the program's file
+
 TEST(BackgroundTask, WithoutAThreadItDoesNotStart)
 {
     BackgroundTask background;
@@ -103,6 +107,8 @@ TEST(BackgroundTask, WithoutAThreadItDoesNotStart)
     EXPECT_TRUE(background.start([](const std::stop_token&) {})) << "the next one has a thread";
     EXPECT_TRUE(hasEnded(ends));
 }
+
+#endif
 
 TEST(BackgroundTask, EndsWithItsOwner)
 {

@@ -10,6 +10,10 @@
 #include <QUrl>
 #include <gtest/gtest.h>
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
 namespace {
 
 /// Stands in for the programs that the system has for addresses of some kinds.
@@ -99,19 +103,64 @@ TEST_F(SystemDesktopTest, HandsExistingFilesOnWithTheirWholePath)
     QDir::setCurrent(base);
     EXPECT_TRUE(desktop.open("-n.txt"));
     QDir::setCurrent(before);
-    EXPECT_EQ(handler.taken, QStringList({"file://" + base + "/report%201.txt", "file://" + base + "/-n.txt"}));
+    const QString address = QUrl::fromLocalFile(base).toString(QUrl::FullyEncoded);
+    EXPECT_EQ(handler.taken, QStringList({address + "/report%201.txt", address + "/-n.txt"}));
 }
 
 TEST_F(SystemDesktopTest, FindsProgramsOnTheSearchPath)
 {
+#ifdef Q_OS_WIN
+    const std::string program = "hardinfo.exe";
+#else
+    const std::string program = "hardinfo";
+#endif
     const QByteArray before = qgetenv("PATH");
-    folder.write("hardinfo", "#!/bin/sh\n");
-    std::filesystem::permissions(folder / "hardinfo", std::filesystem::perms::owner_all);
+    folder.write(program, "#!/bin/sh\n");
+    std::filesystem::permissions(folder / program, std::filesystem::perms::owner_all);
     qputenv("PATH", QByteArray::fromStdString(folder.path().string()));
-    EXPECT_EQ(desktop.findProgram("hardinfo"), kavo::pathToScreen(folder / "hardinfo"));
+    EXPECT_EQ(desktop.findProgram("hardinfo"), QString::fromStdString((folder / program).generic_string()));
     EXPECT_EQ(desktop.findProgram("kinfocenter"), "");
     qputenv("PATH", before);
 }
+
+#ifdef Q_OS_WIN
+
+/// A key of the system's registry with values, as long as this lives.
+class RegistryKey final
+{
+public:
+    explicit RegistryKey(const wchar_t* key) { ::RegCreateKeyW(HKEY_LOCAL_MACHINE, key, &m_key); }
+    ~RegistryKey()
+    {
+        ::RegDeleteTreeW(m_key, nullptr);
+        ::RegCloseKey(m_key);
+    }
+    RegistryKey(const RegistryKey&) = delete;
+    RegistryKey& operator=(const RegistryKey&) = delete;
+
+    void set(const wchar_t* name, DWORD kind, const void* value, std::size_t size)
+    {
+        ::RegSetValueExW(m_key, name, 0, kind, static_cast<const BYTE*>(value), static_cast<DWORD>(size));
+    }
+
+private:
+    HKEY m_key = nullptr;
+};
+
+TEST_F(SystemDesktopTest, ReadsTheRegistry)
+{
+    RegistryKey key(L"SOFTWARE\\Kavo Timing Test");
+    const std::wstring program = L"C:\\Программы\\info.exe";
+    const DWORD number = 0x8000000F;
+    key.set(L"PATH", REG_SZ, program.c_str(), (program.size() + 1) * sizeof(wchar_t));
+    key.set(L"NUMBER", REG_DWORD, &number, sizeof number);
+    EXPECT_EQ(desktop.registryValue("SOFTWARE\\Kavo Timing Test", "PATH"), QString::fromStdWString(program));
+    EXPECT_EQ(desktop.registryValue("SOFTWARE\\Kavo Timing Test", "NUMBER"), QString("&h8000000f"));
+    EXPECT_EQ(desktop.registryValue("SOFTWARE\\Kavo Timing Test", "NOTHING"), std::nullopt);
+    EXPECT_EQ(desktop.registryValue("SOFTWARE\\Kavo Timing Test\\Nowhere", "PATH"), std::nullopt);
+}
+
+#endif
 
 TEST_F(SystemDesktopTest, ProgramThatCannotBeStartedIsReported)
 {

@@ -33,7 +33,11 @@ protected:
 
     static void press(QMessageBox& box, QMessageBox::StandardButton button) { click(*box.button(button)); }
 
-    [[nodiscard]] QString path(std::string_view name) const { return QString::fromStdString((folder / name).string()); }
+    /// As file dialogs write it, on all systems.
+    [[nodiscard]] QString path(std::string_view name) const
+    {
+        return QString::fromStdString((folder / name).generic_string());
+    }
 
     kavo::ScreenPrompts screen;
 };

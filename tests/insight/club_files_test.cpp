@@ -33,7 +33,7 @@ protected:
     {
         std::vector<std::string> lines;
         for (const UnreadableFile& one : reading.unreadable)
-            lines.push_back(fs::path(one.file).lexically_relative(folder.path()).string() + ": " + one.reason);
+            lines.push_back(fs::path(one.file).lexically_relative(folder.path()).generic_string() + ": " + one.reason);
         return lines;
     }
 
@@ -53,7 +53,7 @@ TEST_F(ClubFiles, AreThePlacesAndTheFilesInThem)
     const ClubReading reading = read({folder / "league", folder / "d.txt"});
     ASSERT_EQ(reading.part.players.size(), 3U);
     EXPECT_EQ(reading.part.players[0].name, "Ann");
-    EXPECT_EQ(reading.part.players[0].file, (folder / "league/a.txt").string());
+    EXPECT_EQ(reading.part.players[0].file, (folder / "league/a.txt").make_preferred().string());
     EXPECT_EQ(reading.part.players[1].name, "Bob");
     EXPECT_EQ(reading.part.players[2].name, "Dan");
     EXPECT_TRUE(reading.unreadable.empty());

@@ -60,12 +60,22 @@ protected:
     {
         std::string text;
         for (const Finding& finding : examine(folder.path())) {
-            const std::string file = finding.file.lexically_relative(folder.path()).string();
+            const std::string file = finding.file.lexically_relative(folder.path()).generic_string();
             text += (text.empty() ? "" : "\n") + std::string(nameOf(finding.severity)) + " " + file +
-                    (finding.line > 0 ? ":" + std::to_string(finding.line) : "") + " " +
-                    replaceAll(finding.text, folder.path().string() + "/", "");
+                    (finding.line > 0 ? ":" + std::to_string(finding.line) : "") + " " + seenFromHere(finding.text);
         }
         return text;
+    }
+
+    [[nodiscard]] std::string seenFromHere(const std::string& text) const
+    {
+        const std::string whole = (folder.path() / "").string();
+#ifdef _WIN32
+        if (text.find(whole) == std::string::npos) return text;
+        return replaceAll(replaceAll(text, whole, ""), "\\", "/");  // its own separator
+#else
+        return replaceAll(text, whole, "");
+#endif
     }
 
     test::TemporaryFolder folder;

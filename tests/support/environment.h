@@ -19,6 +19,7 @@ public:
         if (const char* before = std::getenv(name)) m_before = before;
         put(value);
     }
+    EnvironmentValue(const char* name, const std::string& value) : EnvironmentValue(name, value.c_str()) {}
     ~EnvironmentValue() { put(m_before ? m_before->c_str() : nullptr); }
     EnvironmentValue(const EnvironmentValue&) = delete;
     EnvironmentValue& operator=(const EnvironmentValue&) = delete;

@@ -37,7 +37,7 @@ TemporaryFolder::~TemporaryFolder()
 
 fs::path TemporaryFolder::operator/(std::string_view name) const
 {
-    return m_path / pathOf(name);
+    return (m_path / pathOf(name)).make_preferred();  // as the program writes it
 }
 
 void TemporaryFolder::write(std::string_view name, std::string_view content) const

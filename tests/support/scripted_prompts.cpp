@@ -5,6 +5,7 @@
 
 #include "forms/screen_text.h"
 
+#include <QDir>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -28,7 +29,8 @@ QString described(const LineQuestion& question)
 QString described(const char* kind, const FileDialog& dialog)
 {
     const auto& [title, filters, startAt] = dialog.question;
-    return QString(kind) + " over " + dialog.window + " [" + title + "] {" + filters.join(";;") + "} at " + startAt;
+    return QString(kind) + " over " + dialog.window + " [" + title + "] {" + filters.join(";;") + "} at " +
+           QDir::fromNativeSeparators(startAt);
 }
 
 /// The window that a dialog is opened over.

@@ -3,6 +3,7 @@
 
 #include "tests/upgrades/released_version.h"
 
+#include "base/file_name.h"
 #include "base/text_file.h"
 #include "tests/support/places.h"
 
@@ -55,7 +56,7 @@ void ReleasedVersion::expectAllAsLeft(const fs::path& part, const std::map<std::
 {
     if (isRecorded()) {
         fs::remove_all(m_place / part);
-        for (const auto& [name, bytes] : files) write(m_place / part / name, bytes);
+        for (const auto& [name, bytes] : files) write(m_place / part / pathOf(name), bytes);
     }
     const auto left = filesOf(m_place / part);
     EXPECT_EQ(namesOf(files), namesOf(left));
@@ -86,7 +87,7 @@ std::map<std::string, std::string> filesOf(const fs::path& folder)
 {
     std::map<std::string, std::string> files;
     for (const auto& entry : fs::recursive_directory_iterator(folder))
-        if (entry.is_regular_file()) files[fs::relative(entry.path(), folder).string()] = readFile(entry.path());
+        if (entry.is_regular_file()) files[textOf(fs::relative(entry.path(), folder))] = readFile(entry.path());
     return files;
 }
 

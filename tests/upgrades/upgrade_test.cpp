@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Kavo Timing contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "base/file_name.h"
 #include "base/text_file.h"
 #include "core/users.h"
 #include "tests/support/command_line.h"
@@ -35,15 +36,16 @@ TEST_P(Upgrade, KeepsEveryTable)
 {
     ASSERT_FALSE(nicks().empty());
     for (const std::string& nick : nicks())
-        GetParam().expectAsLeft("tables/" + nick + ".json", printed(nick, {"show", "--json"}));
+        GetParam().expectAsLeft(kavo::pathOf("tables/" + nick + ".json"), printed(nick, {"show", "--json"}));
 }
 
 TEST_P(Upgrade, KeepsEveryReport)
 {
     const std::string form = (folder / "own.ett").string();
     for (const std::string& nick : nicks()) {
-        GetParam().expectAsLeft("reports/" + nick + ".txt", printed(nick, {"export-text", "-"}));
-        GetParam().expectAsLeft("reports/" + nick + ".html", printed(nick, {"export-html", "--template", form, "-"}));
+        GetParam().expectAsLeft(kavo::pathOf("reports/" + nick + ".txt"), printed(nick, {"export-text", "-"}));
+        GetParam().expectAsLeft(kavo::pathOf("reports/" + nick + ".html"),
+                                printed(nick, {"export-html", "--template", form, "-"}));
     }
 }
 

@@ -191,6 +191,8 @@ TEST_F(LoginWindow, AutoLoginTakesTheFirstUserThatIsShownLikeTheLastOne)
     EXPECT_EQ(folder.read("curUser.dat"), "Ren\xE9\r\n");
 }
 
+#ifndef _WIN32  // where no process makes its disk small
+
 TEST_F(LoginWindow, AutoLoginThatFailsLeavesTheFilledWindowThere)
 {
     folder.write("autolog.dat", "1\r\n");
@@ -201,6 +203,8 @@ TEST_F(LoginWindow, AutoLoginThatFailsLeavesTheFilledWindowThere)
     EXPECT_TRUE(autoLogin().isChecked());
     EXPECT_TRUE(ok().isEnabled());
 }
+
+#endif
 
 TEST_F(LoginWindow, OnlyTheNumberOneMeansAutoLogin)
 {

@@ -1,0 +1,41 @@
+# SPDX-FileCopyrightText: 2026 Kavo Timing contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# Windows programs under Wine, in a Windows of their own. Sourced.
+# shellcheck shell=bash
+
+# start_wine FOLDER: the next calls use the Windows in FOLDER. None of its processes outlives the script, unless that
+# sets a trap of its own for its exit, which has to call end_wine.
+start_wine() {
+    wine="$(command -v wine64 || echo /usr/lib/wine/wine64)"
+    wine_server="$(command -v wineserver || echo /usr/lib/wine/wineserver)"
+    mkdir -p "$(dirname "$1")"
+    WINEPREFIX="$(realpath -m "$1")"
+    export WINEPREFIX WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    trap end_wine EXIT
+}
+
+# make_wine: what this Windows needs for windows, before the first program.
+make_wine() {
+    local font
+    "$wine" wineboot --init >/dev/null 2>&1
+    for font in "Segoe UI" "Tahoma" "MS Shell Dlg" "MS Shell Dlg 2"; do
+        "$wine" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$font" /d "DejaVu Sans" /f >/dev/null 2>&1
+    done
+}
+
+end_wine() {
+    "$wine_server" --kill 2>/dev/null || true
+}
+
+# in_wine SECONDS PROGRAM ARGUMENT...
+in_wine() {
+    local seconds="$1"
+    shift
+    timeout --kill-after=10 "$seconds" "$wine" "$@"
+}
+
+# omitted_tests WHERE: those of tests/windows_omissions.txt, as a pattern for GoogleTest.
+omitted_tests() {
+    awk -v where="$1" '$1 == where || $1 == "all" { printf "%s%s", colon, $2; colon = ":" }' tests/windows_omissions.txt
+}
