@@ -7,20 +7,25 @@ set -euo pipefail
 cd "$(dirname "$0")"
 # shellcheck source=tools/setup.sh
 . tools/setup.sh
+# shellcheck source=tools/display.sh
+. tools/display.sh
+# shellcheck source=packaging/windows/qt.sh
+. packaging/windows/qt.sh
 
 usage() {
     cat <<'TEXT'
 Usage: ./test.sh [OPTION]
 Without an option everything is built and tested: with the address and undefined-behaviour sanitizers, without a
 display and, the windows, on a virtual one with a window manager, where base/ and core/ must be covered; for Windows,
-under Wine. The release is built, and once more without Qt; clang-tidy reads what the branch changes.
+under Wine, as far as there is time. The release is built, and once more without Qt; clang-tidy reads what the branch changes.
 
   --quick          only a plain build, without a display
   --sanitize       only the build with the sanitizers
   --coverage       only the build without Qt, with the line coverage of base/ and core/; fails below 95 %
   --display        only the windows on a virtual display
   --release        only the build of the programs as they are given away
-  --windows        only the build for Windows
+  --windows        only the Windows program: all of its tests and its package; without Qt for Windows this builds it
+                   first, which takes about half an hour
   --fuzz SECONDS   every fuzz target for so long
   --fuzz COUNT runs [TARGET...]
                    every fuzz target, or those named, on so many inputs
@@ -134,23 +139,8 @@ released() {
 # The tests of the windows one after the other: they share the focus and the pointer. Without the strictest checks,
 # which the display's libraries do not pass: they keep memory, and take pieces of texts that have no end.
 on_display() (
-    number_file="$(mktemp)"
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number_file" 2>/dev/null &
-    xvfb=$!
-    trap 'kill $xvfb ${manager:-} 2>/dev/null; rm -f "$number_file"' EXIT
-    for _ in $(seq 600); do
-        [ ! -s "$number_file" ] || break
-        kill -0 "$xvfb" 2>/dev/null || break
-        sleep 0.1
-    done
-    if [ ! -s "$number_file" ]; then
-        echo "Xvfb did not start" >&2
-        exit 1
-    fi
-    DISPLAY=":$(cat "$number_file")"
-    export DISPLAY
-    openbox >/dev/null 2>&1 &
-    manager=$!
+    trap end_display EXIT
+    start_display || exit 1
     QT_QPA_PLATFORM=xcb ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 \
         run_tests "$1" build-asan -L windows -j 1
 )
@@ -159,7 +149,18 @@ display() {
     build_sanitized && on_display "$1"
 }
 
+# The whole Windows program, with Qt.
 for_windows() {
+    packaging/windows/test.sh "${@:2}" "$results" || touch "$results/$1.failed"
+    [ -e "$results/$1.failed" ] || touch "$results/$1.passed"
+}
+
+# What there is time for in a run of everything; where Qt for Windows has never been built, only what needs none.
+partly_for_windows() {
+    if command -v dpkg-query >/dev/null && [ -d "$(cached_qt)" ]; then
+        for_windows "$1" --short
+        return
+    fi
     mkdir -p build-windows
     tools/check_windows.sh "$results/$1.xml" >build-windows/build.log 2>&1 || {
         tail -n 60 build-windows/build.log >&2
@@ -186,7 +187,7 @@ all_stages() {
     fi
     stage "without Qt" without_qt
     stage release released
-    stage "for Windows" for_windows
+    stage "for Windows" partly_for_windows
     stage lint lint_changes
     echo "== display"
     if [ -z "$display" ] || ! wait "$display"; then touch "$results/display.failed"; fi

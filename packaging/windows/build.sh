@@ -53,6 +53,7 @@ version="$(python3 -B packaging/releases.py version)"
 SOURCE_DATE_EPOCH="$(python3 -B packaging/releases.py epoch)"
 export SOURCE_DATE_EPOCH
 name="kavo-timing-$version-windows"
+largest=9000000 # bytes of the zip
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT
 build="${KAVO_PACKAGE_BUILD:-$work/build}"
@@ -84,9 +85,19 @@ for supplied in templates schemes; do
 done
 packaging/demo_folder.sh "$tree/demo"
 python3 -B packaging/guide.py "$tree/guide"
+# Half of what a picture of many colours takes; nobody sees the difference.
+pngquant --strip --force --skip-if-larger --quality=80-100 --ext .png 256 "$tree"/guide/images/*.png
+quietly advpng --recompress --shrink-normal "$tree"/guide/images/*.png
 packaging/windows/licences.sh "$tree/licences"
 # The lines of Windows, which its old editor needs.
 sed -e "s/@VERSION@/$version/" -e 's/$/\r/' packaging/windows/README.txt >"$tree/README.txt"
 
-python3 -B packaging/windows/make_zip.py "$tree" "$output/$name.zip"
+python3 -B packaging/windows/make_zip.py "$tree" "$work/$name.zip"
+quietly advzip --recompress --shrink-extra "$work/$name.zip"
+size="$(stat -c %s "$work/$name.zip")"
+[ "$size" -le "$largest" ] || {
+    echo "$name.zip has $size bytes, more than $largest" >&2
+    exit 1
+}
+mv "$work/$name.zip" "$output/$name.zip"
 echo "$output/$name.zip"

@@ -4,29 +4,30 @@
 
 """Unpacks the Windows zip and uses what is in it, as somebody who has just got it.
 
-Usage: drive.py ZIP WINE CLI
-
-WINE starts a Windows program; CLI is this system's kavo-timing-cli, which must print the same.
+WINE starts a Windows program; CLI is this system's kavo-timing-cli, which must print the same. The windows need a
+display with a window manager.
 """
 
+import argparse
+import contextlib
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
 import tempfile
 import zipfile
 
+import drive_windows
+from window_drive import expect
+
 PATIENCE = 120  # seconds
+CLASSES = "HKLM\\Software\\Classes\\"
 FILES = """
     kavo-timing.exe kavo-timing-cli.exe README.txt targets.txt targets_old.txt history.txt links.txt
     templates/responsive.ett demo/users.dat demo/game/stats.txt guide/guide.html licences/NOTICES.txt
     licences/LGPL-3.txt
     """.split()
-
-
-def expect(what, expected, actual):
-    if expected != actual:
-        sys.exit(f"{what}: expected {expected!r}, got {actual!r}")
 
 
 def unpack(packed, folder):
@@ -49,10 +50,41 @@ class Programs:
 
     def there(self, program, *arguments, stdin=b""):
         command = [self.wine, str(self.folder / program), *arguments]
-        return subprocess.run(command, capture_output=True, input=stdin, timeout=PATIENCE, check=False, cwd=self.folder)
+        # Not by way of a pipe: processes that Wine starts beside the program would keep it open.
+        with tempfile.TemporaryFile() as out:
+            done = subprocess.run(
+                command, stdout=out, stderr=subprocess.DEVNULL, input=stdin, timeout=PATIENCE, check=False, cwd=self.folder
+            )
+            out.seek(0)
+            done.stdout = out.read()
+        return done
 
     def here(self, *arguments):
         return subprocess.run([self.cli, *arguments], capture_output=True, timeout=PATIENCE, check=True)
+
+    def here_in_folder(self, *arguments):
+        return self.here("--program-folder", str(self.folder), *arguments).stdout
+
+    def registry(self, *words):
+        silence = subprocess.DEVNULL
+        subprocess.run([self.wine, "reg", *words], stdout=silence, stderr=silence, timeout=PATIENCE, check=True)
+
+    @contextlib.contextmanager
+    def registry_value(self, key, name, kind, value):
+        """For as long as it is needed. Without a name it is the key's default value."""
+        self.registry("add", key, *(["/v", name] if name else ["/ve"]), "/t", kind, "/d", value, "/f")
+        try:
+            yield
+        finally:
+            self.registry("delete", key, "/f")
+
+    @contextlib.contextmanager
+    def classes(self, values):
+        """Programs that the system knows by name: the default value of each key."""
+        with contextlib.ExitStack() as stack:
+            for key, value in values.items():
+                stack.enter_context(self.registry_value(CLASSES + key, "", "REG_SZ", value))
+            yield
 
     def expect_same(self, *arguments, of):
         theirs = self.there("kavo-timing-cli.exe", "--program-folder", "demo", *arguments)
@@ -97,27 +129,41 @@ def check_program_folder(programs):
     expect("targets.bak", (programs.folder / "before.txt").read_bytes(), (programs.folder / "targets.bak").read_bytes())
 
 
+def expect_nothing_left(folder):
+    """Neither a temporary file nor the lock of a program that has ended."""
+    expect("what is left", [], [path.name for path in folder.rglob("*") if re.match(r"\.kavo-|.*\.lock$", path.name)])
+
+
+def new_place(work, check):
+    """Named as many a player's folder is."""
+    place = pathlib.Path(work) / check.__name__ / "Моя игра"
+    place.mkdir(parents=True)
+    return place
+
+
 def check_window(programs):
     demo = programs.folder / "demo"
     (demo / "autolog.dat").write_bytes(b" 1 \r\n")
     done = programs.there("kavo-timing.exe", "--program-folder", "demo", "--quit-after-first-paint")
     expect("start of the window", (0, b""), (done.returncode, done.stdout))
-    expect("lock of a program that has ended", False, (demo / "kavo-timing.lock").exists())
-    left = [path.name for path in programs.folder.rglob(".kavo-*")]
-    expect("temporary files", [], left)
+    expect_nothing_left(programs.folder)
 
 
 def main():
-    if len(sys.argv) != 4:
-        sys.exit(__doc__)
-    packed, wine, cli = sys.argv[1:]
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("zip")
+    parser.add_argument("wine")
+    parser.add_argument("cli")
+    parser.add_argument("stand_in", type=pathlib.Path, help="a Windows program that notes down what an office is asked for")
+    parser.add_argument("--pictures", type=pathlib.Path, help="a folder for a picture of each window")
+    arguments = parser.parse_args()
     with tempfile.TemporaryDirectory(prefix="kavo-windows-") as work:
-        place = pathlib.Path(work) / "Моя игра"
-        place.mkdir()
-        programs = Programs(unpack(packed, place), wine, cli)
         for check in [check_console, check_names, check_program_folder, check_window]:
-            check(programs)
+            check(Programs(unpack(arguments.zip, new_place(work, check)), arguments.wine, arguments.cli))
             print(check.__name__, "passed", flush=True)
+        programs = Programs(unpack(arguments.zip, new_place(work, drive_windows.use)), arguments.wine, arguments.cli)
+        drive_windows.use(programs, arguments.pictures, arguments.stand_in.resolve())
+        expect_nothing_left(programs.folder)
     print("The package works.")
 
 
