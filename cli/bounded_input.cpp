@@ -9,12 +9,25 @@
 #include "cli/command.h"
 
 #include <cerrno>
+#include <memory>
 
 namespace kavo {
 
 namespace {
 
 constexpr std::string_view kStandardInput = "-";
+
+struct CloseFile
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// Whether a name stands for what this process was given open, as a shell does with <(COMMAND). Like standard input
+/// that may be a pipe; one that only has a name in a folder may never get a writer.
+bool isGivenOpen(const std::filesystem::path& path)
+{
+    return path.parent_path() == "/dev/fd";
+}
 
 CommandError tooLarge(const std::string& name, std::size_t largest)
 {
@@ -49,6 +62,11 @@ NamedInput readInput(std::string_view file, std::FILE* in, std::size_t largest)
     }
     const std::filesystem::path path = fileNamed(file);
     const std::string name = textOf(path);
+    if (isGivenOpen(path)) {
+        const std::unique_ptr<std::FILE, CloseFile> given(std::fopen(path.string().c_str(), "rb"));
+        if (!given) throw RunTimeError(std::error_code(errno, std::generic_category()), path);
+        return {name, readAll(given.get(), name, largest)};
+    }
     try {
         return {name, std::string(readContent(path, largest).view())};
     } catch (const RunTimeError& error) {

@@ -17,9 +17,9 @@ struct NamedInput
     std::string text;
 };
 
-/// Reads an ordinary file or, where "-" is named, standard input (`in`) to its end. Throws RunTimeError as readContent
-/// does, and CommandError for a standard input that cannot be read to its end and for what is longer than `largest`
-/// bytes, a multiple of 1 MiB: the input may be endless.
+/// Reads an ordinary file, /dev/fd/N or, where "-" is named, standard input (`in`) to its end. Throws RunTimeError as
+/// readContent does, and CommandError for a stream that cannot be read to its end and for what is longer than
+/// `largest` bytes, a multiple of 1 MiB: the input may be endless.
 [[nodiscard]] NamedInput readInput(std::string_view file, std::FILE* in, std::size_t largest);
 
 }  // namespace kavo
