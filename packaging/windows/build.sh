@@ -89,7 +89,8 @@ python3 -B packaging/guide.py "$tree/guide"
 pngquant --strip --force --skip-if-larger --quality=80-100 --ext .png 256 "$tree"/guide/images/*.png
 quietly advpng --recompress --shrink-normal "$tree"/guide/images/*.png
 packaging/windows/licences.sh "$tree/licences"
-# The lines of Windows, which its old editor needs.
+# The lines of Windows, which its old editor and its interpreter of commands need.
+sed 's/$/\r/' packaging/windows/dashboard.cmd >"$tree/dashboard.cmd"
 sed -e "s/@VERSION@/$version/" -e 's/$/\r/' packaging/windows/README.txt >"$tree/README.txt"
 
 python3 -B packaging/windows/make_zip.py "$tree" "$work/$name.zip"

@@ -24,7 +24,7 @@ from window_drive import expect
 PATIENCE = 120  # seconds
 CLASSES = "HKLM\\Software\\Classes\\"
 FILES = """
-    kavo-timing.exe kavo-timing-cli.exe README.txt targets.txt targets_old.txt history.txt links.txt
+    kavo-timing.exe kavo-timing-cli.exe dashboard.cmd README.txt targets.txt targets_old.txt history.txt links.txt
     templates/responsive.ett demo/users.dat demo/game/stats.txt guide/guide.html licences/NOTICES.txt
     licences/LGPL-3.txt
     """.split()
