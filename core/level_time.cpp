@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 
 namespace kavo {
@@ -35,7 +36,7 @@ bool isDigit(char byte)
 std::optional<TimeFields> plainFields(std::string_view time)
 {
     if (time.size() != 8 || time[2] != ':' || time[5] != ':') return std::nullopt;
-    for (const std::size_t at : {0, 1, 3, 4, 6, 7})
+    for (const std::size_t at : std::initializer_list<std::size_t>{0, 1, 3, 4, 6, 7})
         if (!isDigit(time[at])) return std::nullopt;
     const auto field = [time](std::size_t at) { return (time[at] - '0') * 10 + (time[at + 1] - '0'); };
     return TimeFields{field(0), field(3), field(6)};

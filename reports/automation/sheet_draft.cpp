@@ -56,6 +56,7 @@ std::vector<SheetDraft::MarkedCells> SheetDraft::markedCells() const
     std::map<std::pair<std::optional<Colour>, std::optional<bool>>, Rows> kinds;
     for (const auto& [place, font] : m_fonts) kinds[{font.colour, font.bold}][place.second].push_back(place.first);
     std::vector<MarkedCells> marked;
+    marked.reserve(kinds.size());
     for (const auto& [kind, rows] : kinds)
         marked.push_back({rangesOf(rows), {.colour = kind.first, .bold = kind.second}});
     return marked;
