@@ -4,21 +4,22 @@
 # Windows programs under Wine, in a Windows of their own. Sourced.
 # shellcheck shell=bash
 
-# start_wine FOLDER: the next calls use the Windows in FOLDER. None of its processes outlives the script, unless that
-# sets a trap of its own for its exit, which has to call end_wine.
+# start_wine FOLDER: the next calls use the Windows in FOLDER, which runs until end_wine, not anew for each program.
+# None of its processes outlives the script, unless that sets a trap of its own for its exit, which has to call end_wine.
 start_wine() {
     wine="$(command -v wine64 || echo /usr/lib/wine/wine64)"
     wine_server="$(command -v wineserver || echo /usr/lib/wine/wineserver)"
-    mkdir -p "$(dirname "$1")"
-    WINEPREFIX="$(realpath -m "$1")"
+    mkdir -p "$1"
+    WINEPREFIX="$(realpath "$1")"
     export WINEPREFIX WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
     trap end_wine EXIT
+    "$wine_server" --persistent
 }
 
-# make_wine: what this Windows needs for windows, before the first program.
+# make_wine: what this Windows needs for windows, before the first program. (It is set up by whatever is run first;
+# to order that with wineboot sets it up twice, with two managers of its services that do not find each other's.)
 make_wine() {
     local font
-    "$wine" wineboot --init >/dev/null 2>&1
     for font in "Segoe UI" "Tahoma" "MS Shell Dlg" "MS Shell Dlg 2"; do
         "$wine" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$font" /d "DejaVu Sans" /f >/dev/null 2>&1
     done
