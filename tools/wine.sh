@@ -11,7 +11,8 @@ start_wine() {
     wine_server="$(command -v wineserver || echo /usr/lib/wine/wineserver)"
     mkdir -p "$1"
     WINEPREFIX="$(realpath "$1")"
-    export WINEPREFIX WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    # Names of files are read as the locale has them.
+    export WINEPREFIX WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LC_ALL=C.UTF-8
     trap end_wine EXIT
     "$wine_server" --persistent
 }
