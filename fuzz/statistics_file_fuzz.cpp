@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "base/run_time_error.h"
+#include "core/levels.h"
 #include "core/statistics_file.h"
 #include "fuzz_input.h"
 
