@@ -20,7 +20,10 @@ constexpr std::string_view kHeading =
 /// A level's name that is read back as it is written.
 std::string writableName(std::string_view name)
 {
-    return replaceAll(replaceAll(name, kLineEnd, " "), kLevelWord, "level");
+    std::string text = replaceAll(name, kLineEnd, " ");
+    // A small letter may complete the word with what stands before it: "LeveLevel" gives "Levelevel".
+    while (text.find(kLevelWord) != std::string::npos) text = replaceAll(text, kLevelWord, "level");
+    return text;
 }
 
 }  // namespace

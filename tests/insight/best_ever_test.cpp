@@ -134,12 +134,14 @@ TEST(BestEverFile, KeepsItsLevelsApartWhateverTheyAreCalled)
     best[2].name = "2, LevLevelel \xFC";
     best[3].name = "";
     best[4].name = "4, odd\rname\r";
+    best[5].name = "LeveLeveLevell 5";
     best[3].time = kSkipped;
     const StatisticsTimes times = readBack(best);
     EXPECT_EQ(times[1].name, "1, level level");
     EXPECT_EQ(times[2].name, "2, Levlevelel \xFC");
     EXPECT_EQ(times[3].time, "SKIPPED");
     EXPECT_EQ(times[4].name, "4, odd\rname\r");
+    EXPECT_EQ(times[5].name, "levelevelevell 5");
     for (int level = 4; level <= kLevels; ++level) EXPECT_EQ(times[level].time, "00:30:00") << level;
 }
 
