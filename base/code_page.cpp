@@ -3,10 +3,10 @@
 
 #include "base/code_page.h"
 
+#include "base/environment.h"
 #include "base/text.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -207,10 +207,9 @@ CodePage systemCodePage()
 
 CodePage chosenCodePage(const std::optional<std::string>& option)
 {
-    const char* variable = std::getenv("KAVO_CODE_PAGE");
-    const bool isVariableSet = variable != nullptr && *variable != '\0';
-    if (!option && !isVariableSet) return systemCodePage();
-    const std::string name = option ? *option : variable;
+    const auto wanted = option ? option : environmentValue("KAVO_CODE_PAGE");
+    if (!wanted) return systemCodePage();
+    const std::string& name = *wanted;
     if (auto codePage = findCodePage(name)) return *codePage;
     const std::string source = option ? "--code-page: " : "KAVO_CODE_PAGE: ";
     if (findName(name) != nullptr) throw UnknownCodePage(source + "this system does not have the code page " + name);

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Kavo Timing contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "base/environment.h"
 #include "cli/command_line.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -16,12 +16,6 @@
 #endif
 
 namespace {
-
-std::string environmentValue(const char* name)
-{
-    const char* value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
 
 #ifdef _WIN32
 
@@ -94,10 +88,10 @@ kavo::OutputFacts factsOfOutput()
     kavo::OutputFacts facts;
     facts.isTerminal = isTerminal();
     facts.columns = columnsOfTerminal();
-    facts.term = environmentValue("TERM");
-    facts.colorTerm = environmentValue("COLORTERM");
-    facts.noColor = environmentValue("NO_COLOR");
-    facts.columnsWished = environmentValue("COLUMNS");
+    facts.term = kavo::environmentValue("TERM").value_or("");
+    facts.colorTerm = kavo::environmentValue("COLORTERM").value_or("");
+    facts.noColor = kavo::environmentValue("NO_COLOR").value_or("");
+    facts.columnsWished = kavo::environmentValue("COLUMNS").value_or("");
     return facts;
 }
 

@@ -4,13 +4,13 @@
 #include "core/program_folder.h"
 
 #include "base/atomic_file.h"
+#include "base/environment.h"
 #include "base/file_name.h"
 #include "base/run_time_error.h"
 #include "base/text_file.h"
 #include "base/write_protection.h"
 
 #include <array>
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -27,13 +27,6 @@ namespace {
 constexpr std::string_view kFolderName = "kavo-timing";
 constexpr auto kSuppliedFiles =
     std::to_array<std::string_view>({"targets.txt", "targets_old.txt", "history.txt", "links.txt"});
-
-std::optional<std::string> environmentValue(const char* name)
-{
-    const char* value = std::getenv(name);
-    if (value == nullptr || *value == '\0') return std::nullopt;
-    return value;
-}
 
 fs::path dataHomeOf(const ProgramFolderSources& sources)
 {

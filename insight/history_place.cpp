@@ -3,6 +3,7 @@
 
 #include "insight/history_place.h"
 
+#include "base/environment.h"
 #include "base/file_name.h"
 #include "base/run_time_error.h"
 #include "base/shown_text.h"
@@ -10,7 +11,6 @@
 #include "insight/fingerprint.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace fs = std::filesystem;
 
@@ -19,13 +19,6 @@ namespace kavo {
 namespace {
 
 constexpr std::size_t kLongestNick = 32;  // characters of it in a folder's name
-
-std::optional<std::string> environmentValue(const char* name)
-{
-    const char* value = std::getenv(name);
-    if (value == nullptr || *value == '\0') return std::nullopt;
-    return value;
-}
 
 /// The nick as part of a name that every file system takes.
 std::string safeName(std::string_view nick)

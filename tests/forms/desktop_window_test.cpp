@@ -3,6 +3,7 @@
 
 #include "forms/desktop.h"
 #include "forms/screen_text.h"
+#include "tests/support/environment.h"
 #include "tests/support/program_folder_fixture.h"
 
 #include <QDesktopServices>
@@ -114,13 +115,11 @@ TEST_F(SystemDesktopTest, FindsProgramsOnTheSearchPath)
 #else
     const std::string program = "hardinfo";
 #endif
-    const QByteArray before = qgetenv("PATH");
     folder.write(program, "#!/bin/sh\n");
     std::filesystem::permissions(folder / program, std::filesystem::perms::owner_all);
-    qputenv("PATH", QByteArray::fromStdString(folder.path().string()));
+    const kavo::test::EnvironmentValue searchPath("PATH", folder.path().string());
     EXPECT_EQ(desktop.findProgram("hardinfo"), QString::fromStdString((folder / program).generic_string()));
     EXPECT_EQ(desktop.findProgram("kinfocenter"), "");
-    qputenv("PATH", before);
 }
 
 #ifdef Q_OS_WIN

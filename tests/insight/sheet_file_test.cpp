@@ -11,13 +11,12 @@
 #include "core/filters.h"
 #include "insight/xlsx_library.h"
 #include "reports/spreadsheet_export.h"
+#include "tests/support/environment.h"
 #include "tests/support/export_season.h"
 #include "tests/support/flat_sheet.h"
 #include "tests/support/recording_spreadsheet.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
 
 namespace kavo {
 namespace {
@@ -156,12 +155,11 @@ TEST(SheetFile, IsTheSameBytesAtTheSameMoment)
 TEST(SheetFile, LeavesNothingBehind)
 {
     const test::TemporaryFolder folder;
-    ::setenv("TMPDIR", folder.path().c_str(), 1);
+    const test::EnvironmentValue place("TMPDIR", folder.path().string());
     static_cast<void>(SheetFile().bytes(kMoment));
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
-    ::setenv("TMPDIR", (folder / "none").c_str(), 1);
+    const test::EnvironmentValue nowhere("TMPDIR", (folder / "none").string());
     EXPECT_THROW(static_cast<void>(SheetFile().bytes(kMoment)), RunTimeError);
-    ::unsetenv("TMPDIR");
 }
 
 std::string reasonOf(const char* library)

@@ -3,9 +3,9 @@
 
 #include "insight/state_name.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/environment.h"
 
-#include <cstdlib>
+#include <gtest/gtest.h>
 
 namespace kavo {
 namespace {
@@ -48,26 +48,15 @@ TEST(MomentOfState, IsNoneForAnyOtherName)
 class FindState : public ::testing::Test
 {
 protected:
-    FindState() { useZone("KAVO-2"); }
-    ~FindState() override { useZone("UTC"); }
-
-    static void useZone([[maybe_unused]] const char* zone)
-    {
-#ifdef _WIN32
-        ::_putenv_s("TZ", zone);
-        ::_tzset();
-#else
-        ::setenv("TZ", zone, 1);
-        ::tzset();
-#endif
-    }
-
     static std::string find(std::string_view when)
     {
         const std::vector<std::string> names = {"20261120T215959Z.txt", "20261120T220000Z.txt", "20261121T104631Z.txt",
                                                 "20261121T220000Z.txt"};
         return findState(names, when).value_or("none");
     }
+
+private:
+    test::TimeZone m_zone{"KAVO-2"};
 };
 
 TEST_F(FindState, TakesANameWithOrWithoutItsEnding)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdlib>
+#include <ctime>
 #include <optional>
 #include <string>
 
@@ -39,6 +40,31 @@ private:
 
     const char* m_name;
     std::optional<std::string> m_before;
+};
+
+/// The clock on the user's wall ("KAVO-2" is UTC+2), as long as it lives.
+class TimeZone final
+{
+public:
+    explicit TimeZone(const char* zone) : m_zone("TZ", zone) { Reread::now(); }
+
+private:
+    struct Reread
+    {
+        ~Reread() { now(); }
+
+        static void now()
+        {
+#ifdef _WIN32
+            ::_tzset();
+#else
+            ::tzset();
+#endif
+        }
+    };
+
+    Reread m_atTheEnd;  // once the variable is what it was
+    EnvironmentValue m_zone;
 };
 
 }  // namespace kavo::test
