@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Kavo Timing contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "tests/support/bobs_folder.h"
 #include "tests/support/command_line.h"
 #include "tests/support/history_home.h"
 
@@ -19,13 +20,7 @@ using test::TemporaryFolder;
 class DashboardCommand : public testing::Test
 {
 protected:
-    DashboardCommand()
-    {
-        folder.write("curUser.dat", "bob\r\n");
-        folder.write("bob/data.ini", "stats.txt\r\n 3 \r\n\r\nGood\r\n 8 \r\n");
-        folder.write("stats.txt", statisticsText({"00:30:21 Ann"}));
-        folder.write("targets.txt", test::targetsText());
-    }
+    DashboardCommand() { test::compareBobWithTargets(folder, statisticsText({"00:30:21 Ann"})); }
 
     Outcome run(const std::vector<std::string>& arguments)
     {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "insight/state_name.h"
+#include "tests/support/bobs_folder.h"
 #include "tests/support/command_line.h"
 #include "tests/support/history_home.h"
 
@@ -28,13 +29,7 @@ const std::string kSecond = statisticsText({"00:19:88 Zoe", "00:40:00 Zoe", "00:
 class HistoryCommands : public testing::Test
 {
 protected:
-    HistoryCommands()
-    {
-        folder.write("curUser.dat", "bob\r\n");
-        folder.write("bob/data.ini", "stats.txt\r\n 3 \r\n\r\nGood\r\n 8 \r\n");
-        folder.write("stats.txt", kFirst);
-        folder.write("targets.txt", test::targetsText());
-    }
+    HistoryCommands() { test::compareBobWithTargets(folder, kFirst); }
 
     [[nodiscard]] Outcome run(std::vector<std::string> arguments) const
     {
@@ -79,8 +74,7 @@ TEST_F(HistoryCommands, ListsStatesWithTheUsersClock)
 
 TEST_F(HistoryCommands, ListsStatesAsJson)
 {
-    const test::EnvironmentValue zone("TZ", "UTC");
-    ::tzset();
+    const test::TimeZone zone("UTC");
     ASSERT_EQ(run({"history", "save"}).status, 0);
     const Json list = Json::parse(run({"history", "--json"}).out);
     EXPECT_EQ(

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Kavo Timing contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "tests/support/bobs_folder.h"
 #include "tests/support/command_line.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,6 @@ namespace {
 
 using test::Outcome;
 using test::statisticsText;
-using test::targetsText;
 using test::TemporaryFolder;
 using Json = nlohmann::json;
 
@@ -24,11 +24,8 @@ class NextCommand : public testing::Test
 protected:
     NextCommand()
     {
-        folder.write("curUser.dat", "bob\r\n");
-        folder.write("bob/data.ini", "stats.txt\r\n 2 \r\nother.txt\r\n\r\n 8 \r\n");
-        folder.write("stats.txt", statisticsText({"00:30:21 Ann", "00:10:00 Ann", ""}));
-        folder.write("other.txt", statisticsText({"00:50:50 J\xFCrgen"}));
-        folder.write("targets.txt", targetsText());
+        test::compareBobWithFile(folder, statisticsText({"00:30:21 Ann", "00:10:00 Ann", ""}),
+                                 statisticsText({"00:50:50 J\xFCrgen"}));
     }
 
     [[nodiscard]] Outcome run(std::vector<std::string> arguments, const OutputFacts& output = {}) const

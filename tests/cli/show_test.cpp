@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Kavo Timing contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "tests/support/bobs_folder.h"
 #include "tests/support/command_line.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +15,6 @@ namespace {
 
 using test::Outcome;
 using test::statisticsText;
-using test::targetsText;
 using test::TemporaryFolder;
 using Json = nlohmann::json;
 
@@ -24,11 +24,8 @@ class Show : public testing::Test
 protected:
     Show()
     {
-        folder.write("curUser.dat", "bob\r\n");
-        folder.write("bob/data.ini", "stats.txt\r\n 2 \r\nother.txt\r\n\r\n 8 \r\n");
-        folder.write("stats.txt", statisticsText({"00:10:00 Ann", "", "00:40:00 Ann"}));
-        folder.write("other.txt", statisticsText({"00:11:00 J\xFCrgen"}));
-        folder.write("targets.txt", targetsText());
+        test::compareBobWithFile(folder, statisticsText({"00:10:00 Ann", "", "00:40:00 Ann"}),
+                                 statisticsText({"00:11:00 J\xFCrgen"}));
     }
 
     Outcome run(const std::vector<std::string>& arguments) const { return test::runCommand(folder, arguments); }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "insight/state_name.h"
+#include "tests/support/bobs_folder.h"
 #include "tests/support/command_line.h"
 #include "tests/support/history_home.h"
 
@@ -72,13 +73,7 @@ const std::string kSecondLine = "Level 1, Track: 00:19:88 → 00:09:00, World Cl
 class WatchCommand : public testing::Test
 {
 protected:
-    WatchCommand()
-    {
-        folder.write("curUser.dat", "bob\r\n");
-        folder.write("bob/data.ini", "stats.txt\r\n 3 \r\n\r\nGood\r\n 8 \r\n");
-        folder.write("stats.txt", kFirst);
-        folder.write("targets.txt", test::targetsText());
-    }
+    WatchCommand() { test::compareBobWithTargets(folder, kFirst); }
 
     void at(milliseconds moment, std::function<void()> happen) { events.push_back({moment, std::move(happen)}); }
 

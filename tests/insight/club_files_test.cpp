@@ -3,9 +3,9 @@
 
 #include "insight/club_files.h"
 
-#include "core/targets.h"
 #include "insight/club_part_file.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/state_with_targets.h"
 
 #include <gtest/gtest.h>
 
@@ -25,8 +25,6 @@ using test::statisticsText;
 class ClubFiles : public ::testing::Test
 {
 protected:
-    ClubFiles() { parseTargets(test::targetsText(), targets); }
-
     ClubReading read(const std::vector<fs::path>& places) { return readClub(clubFiles(places), targets); }
 
     [[nodiscard]] std::vector<std::string> unreadable(const ClubReading& reading) const
@@ -38,7 +36,7 @@ protected:
     }
 
     test::TemporaryFolder folder;
-    ResultsState targets;
+    const ResultsState targets = test::stateWithTargets();
 };
 
 using Lines = std::vector<std::string>;

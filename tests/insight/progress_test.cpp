@@ -3,34 +3,27 @@
 
 #include "insight/progress.h"
 
-#include "core/targets.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/state_with_targets.h"
 
 #include <gtest/gtest.h>
 
 namespace kavo {
 namespace {
 
+using test::stateWithTargets;
 using test::statisticsText;
-
-/// Targets of 10, 20, 30, 40 and 50 seconds on every level.
-ResultsState targets()
-{
-    ResultsState state;
-    parseTargets(test::targetsText(), state);
-    return state;
-}
 
 Progress compared(const std::vector<std::string>& before, const std::vector<std::string>& after)
 {
     return compareTimes(parseStatisticsTimes(statisticsText(before)), parseStatisticsTimes(statisticsText(after)),
-                        targets());
+                        stateWithTargets());
 }
 
 std::vector<std::string> linesOf(const Progress& progress)
 {
     std::vector<std::string> lines;
-    for (const LevelChange& change : progress.changes) lines.push_back(describe(change, targets()));
+    for (const LevelChange& change : progress.changes) lines.push_back(describe(change, stateWithTargets()));
     return lines;
 }
 
@@ -105,7 +98,7 @@ TEST(Progress, NamesLevelsAsTheLaterFileDoes)
     std::string later = statisticsText({"00:19:88 Zoe"});
     later.replace(later.find("Track"), 5, "Chalk");
     const Progress progress =
-        compareTimes(parseStatisticsTimes(statisticsText()), parseStatisticsTimes(later), targets());
+        compareTimes(parseStatisticsTimes(statisticsText()), parseStatisticsTimes(later), stateWithTargets());
     ASSERT_EQ(progress.changes.size(), 1U);
     EXPECT_EQ(progress.changes[0].name, "1, Chalk");
 }

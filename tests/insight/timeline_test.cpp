@@ -3,24 +3,18 @@
 
 #include "insight/timeline.h"
 
-#include "core/targets.h"
 #include "insight/state_name.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/state_with_targets.h"
 
 #include <gtest/gtest.h>
 
 namespace kavo {
 namespace {
 
+using test::stateWithTargets;
 using test::statisticsText;
 using test::TemporaryFolder;
-
-ResultsState targets()
-{
-    ResultsState state;
-    parseTargets(test::targetsText(), state);
-    return state;
-}
 
 TEST(SpreadPlaces, AreAllOfAFew)
 {
@@ -39,7 +33,7 @@ TEST(TimelinePoint, HoldsTotalGradesAndTimes)
 {
     // 54 levels: 10 s, none (ten minutes), and 52 times 30 s.
     const auto times = parseStatisticsTimes(statisticsText({"00:10:00 Ann", ""}));
-    const TimelinePoint point = timelinePoint(7, times, targets());
+    const TimelinePoint point = timelinePoint(7, times, stateWithTargets());
     EXPECT_EQ(point.moment, 7);
     EXPECT_EQ(point.total, "36:10:00");
     EXPECT_EQ(point.hundredths, 36 * 6000 + 1000);
@@ -54,7 +48,7 @@ class TimelineOf : public testing::Test
 protected:
     void remember(std::time_t moment, const std::string& text) { folder.write(stateName(moment), text); }
 
-    [[nodiscard]] Timeline timeline() const { return timelineOf(HistoryStore(folder.path()), targets()); }
+    [[nodiscard]] Timeline timeline() const { return timelineOf(HistoryStore(folder.path()), stateWithTargets()); }
 
     TemporaryFolder folder;
 };

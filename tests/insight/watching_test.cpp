@@ -3,8 +3,8 @@
 
 #include "insight/watching.h"
 
-#include "core/targets.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/state_with_targets.h"
 
 #include <gtest/gtest.h>
 
@@ -108,8 +108,7 @@ TEST(FileSettling, HasNoNewsOfAChangeThatIsTakenBack)
 
 TEST(ImprovementWatch, TellsWhatEachRestHasBrought)
 {
-    ResultsState targets;
-    parseTargets(test::targetsText(), targets);
+    const ResultsState targets = test::stateWithTargets();
     ImprovementWatch watch;
     using Lines = std::vector<std::string>;
     EXPECT_EQ(watch.take(statisticsText({"00:30:50 Zoe", "00:30:00 Zoe", ""}), targets), Lines{});

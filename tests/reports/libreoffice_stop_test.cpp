@@ -70,10 +70,17 @@ protected:
         EXPECT_LT(std::chrono::steady_clock::now() - start, kMoment);
     }
 
-    template <typename Work, typename IsTime>
-    void expectStopped(Work work, IsTime isTime)
+    /// The same of a call that the office does not answer.
+    template <typename Disturb>
+    static void expectCallEnded(Spreadsheet& sheet, Disturb disturb)
     {
-        expectEnded(work, isTime, [this] { stop.request_stop(); });
+        std::atomic<bool> isCalling = false;
+        expectEnded(
+            [&] {
+                isCalling = true;
+                sheet.addWorkbook();
+            },
+            [&] { return isCalling.load(); }, disturb);
     }
 
     test::TemporaryFolder folder;
@@ -89,7 +96,8 @@ TEST_F(LibreOfficeStop, BeforeTheStartStartsNothing)
 
 TEST_F(LibreOfficeStop, WhileItStartsEndsTheOfficeThatNobodyWouldSee)
 {
-    expectStopped([this] { office(); }, [this] { return !processesWith(profile()).empty(); });
+    expectEnded([this] { office(); }, [this] { return !processesWith(profile()).empty(); },
+                [this] { stop.request_stop(); });
     EXPECT_TRUE(lookUntil([this] { return processesWith(profile()).empty(); }));
 }
 
@@ -97,13 +105,7 @@ TEST_F(LibreOfficeStop, EndsACallThatIsNotAnsweredAndTheOfficeThatShowsNothing)
 {
     auto sheet = office();
     test::signalProcesses(profile(), SIGSTOP);
-    std::atomic<bool> isCalling = false;
-    expectStopped(
-        [&] {
-            isCalling = true;
-            sheet->addWorkbook();
-        },
-        [&] { return isCalling.load(); });
+    expectCallEnded(*sheet, [this] { stop.request_stop(); });
     sheet.reset();
     test::signalProcesses(profile(), SIGCONT);
     EXPECT_TRUE(lookUntil([this] { return processesWith(profile()).empty(); }));
@@ -120,13 +122,7 @@ TEST_F(LibreOfficeStop, LeavesAnOfficeWithAWorkbookToTheUser)
 
     sheet = office();  // the same one, which is the user's now
     test::signalProcesses(profile(), SIGSTOP);
-    std::atomic<bool> isCalling = false;
-    expectStopped(
-        [&] {
-            isCalling = true;
-            sheet->addWorkbook();
-        },
-        [&] { return isCalling.load(); });
+    expectCallEnded(*sheet, [this] { stop.request_stop(); });
     sheet.reset();
     test::signalProcesses(profile(), SIGCONT);
     sheet = test::headlessOffice(test::officeModule(), folder.path());
@@ -137,13 +133,7 @@ TEST_F(LibreOfficeStop, OfficeThatIsKilledEndsTheCall)
 {
     const auto sheet = office();
     test::signalProcesses(profile(), SIGSTOP);
-    std::atomic<bool> isCalling = false;
-    expectEnded(
-        [&] {
-            isCalling = true;
-            sheet->addWorkbook();
-        },
-        [&] { return isCalling.load(); }, [this] { test::signalProcesses(profile(), SIGKILL); });
+    expectCallEnded(*sheet, [this] { test::signalProcesses(profile(), SIGKILL); });
 }
 
 }  // namespace

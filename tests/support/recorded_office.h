@@ -13,9 +13,11 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <map>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 #include <windows.h>
 
@@ -45,24 +47,44 @@ private:
     std::wstring m_key;
 };
 
+using Lines = std::vector<std::string>;
+
+/// An office as Windows knows it: by a name, and by the number that stands for it.
+struct OfficeClass
+{
+    std::wstring name;
+    std::wstring number;
+};
+
+/// Numbers of our own: the real ones would reach somebody's own office.
+inline OfficeClass excelClass()
+{
+    return {L"Excel.Application", L"{6B1D5A0E-7C0B-4F0B-9A51-3C7E5D2F8A01}"};
+}
+
+inline OfficeClass calcClass()
+{
+    return {L"com.sun.star.ServiceManager", L"{6B1D5A0E-7C0B-4F0B-9A51-3C7E5D2F8A02}"};
+}
+
 /// A stand-in of our own that is registered under the name of an office, as long as this lives. It notes down what it
 /// is asked for.
 class RecordedOffice final
 {
 public:
     /// `order`: what it does when it is asked for a member ("refuse Color", "die Color").
-    RecordedOffice(const std::wstring& programId, const std::wstring& number, const std::wstring& order = L"")
-        : m_programId(programId + L"\\CLSID", number),
-          m_server(L"CLSID\\" + number + L"\\LocalServer32",
-                   L"\"" + (executableFolder() / "kavo_recording_application.exe").wstring() + L"\" " + number +
+    explicit RecordedOffice(const OfficeClass& office, const std::wstring& order = L"")
+        : m_number(office.name + L"\\CLSID", office.number),
+          m_server(L"CLSID\\" + office.number + L"\\LocalServer32",
+                   L"\"" + (executableFolder() / "kavo_recording_application.exe").wstring() + L"\" " + office.number +
                        L" \"" + (m_folder / "log.txt").wstring() + L"\" " + order)
     {
     }
 
     /// Line by line; nothing where it was never started.
-    [[nodiscard]] std::vector<std::string> log() const
+    [[nodiscard]] Lines log() const
     {
-        std::vector<std::string> lines;
+        Lines lines;
         std::istringstream text(readFileIfThere(m_folder / "log.txt").value_or(""));
         for (std::string line; std::getline(text, line);) lines.push_back(line);
         return lines;
@@ -70,30 +92,47 @@ public:
 
 private:
     TemporaryFolder m_folder;
-    ClassValue m_programId;
+    ClassValue m_number;
     ClassValue m_server;
 };
 
-inline std::wstring recordedExcelNumber()
-{
-    return L"{6B1D5A0E-7C0B-4F0B-9A51-3C7E5D2F8A01}";
-}
-
-inline std::wstring recordedCalcNumber()
-{
-    return L"{6B1D5A0E-7C0B-4F0B-9A51-3C7E5D2F8A02}";
-}
-
-/// Exports a season to whatever is registered, in the Windows of the tests.
+/// Exports a season to an office, in the Windows of the tests.
 class RecordedExport : public testing::Test
 {
 protected:
+    explicit RecordedExport(OfficeClass office) : m_office(std::move(office)) {}
+
     void SetUp() override
     {
         if (!isThisWine()) GTEST_SKIP() << "would start somebody's own office";
         m_season.load("2", "bob.txt");
     }
 
+    /// What the office was asked for; with an order, where it refuses something or dies.
+    Lines exported(const std::wstring& order = L"")
+    {
+        const RecordedOffice office(m_office, order);
+        exportSeason();
+        return office.log();
+    }
+
+    void expectSilenceWhereRefused(std::initializer_list<std::wstring> members)
+    {
+        for (const std::wstring& member : members) {
+            const Lines log = exported(L"refuse " + member);
+            ASSERT_FALSE(log.empty());
+            EXPECT_EQ(log.back(), "released");
+        }
+    }
+
+    void expectSilenceWhereItDies(const std::wstring& member)
+    {
+        const Lines log = exported(L"die " + member);
+        ASSERT_GT(log.size(), 5U);
+        EXPECT_NE(log.back(), "released");
+    }
+
+    /// To whatever is registered.
     void exportSeason(const CreateSpreadsheet& create = openSpreadsheetApplication)
     {
         ExportExcel(m_season.session.table, m_season.session.state, m_season.session.colours, "20.11.2026", create);
@@ -108,6 +147,7 @@ protected:
     }
 
 private:
+    OfficeClass m_office;
     ExportSeason m_season;
 };
 
@@ -128,7 +168,7 @@ inline std::string linesOf(const CellTexts& texts)
 }
 
 /// The values of all tables in a log.
-inline CellTexts tablesOf(const std::vector<std::string>& log)
+inline CellTexts tablesOf(const Lines& log)
 {
     CellTexts texts;
     for (const std::string& line : log) {
@@ -140,7 +180,7 @@ inline CellTexts tablesOf(const std::vector<std::string>& log)
 }
 
 /// What the lines with `before`, a list of ranges ("B3:B9,D4"), `between`, and a value say of each cell.
-inline CellTexts rangesOf(const std::vector<std::string>& log, const std::string& before, const std::string& between)
+inline CellTexts rangesOf(const Lines& log, const std::string& before, const std::string& between)
 {
     CellTexts texts;
     for (const std::string& line : log) {
@@ -161,7 +201,7 @@ inline CellTexts rangesOf(const std::vector<std::string>& log, const std::string
 }
 
 /// How often the application was called: every object that is asked for is one, too.
-inline int callsIn(const std::vector<std::string>& log)
+inline int callsIn(const Lines& log)
 {
     int calls = 0;
     for (const std::string& line : log)

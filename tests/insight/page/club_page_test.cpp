@@ -3,8 +3,8 @@
 
 #include "insight/page/club_page.h"
 
-#include "core/targets.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/state_with_targets.h"
 
 #include <gtest/gtest.h>
 
@@ -15,8 +15,7 @@ using test::statisticsText;
 
 ClubPart clubOf(const std::vector<std::pair<std::string, std::string>>& players)
 {
-    ResultsState state;
-    parseTargets(test::targetsText(), state);
+    const ResultsState state = test::stateWithTargets();
     ClubCollector collector(state);
     for (const auto& [file, text] : players) collector.add(text, file);
     return collector.finish();

@@ -12,10 +12,9 @@ namespace kavo {
 namespace {
 
 using test::CellTexts;
+using test::Lines;
 using test::linesOf;
-using test::RecordedOffice;
 using Kind = test::RecordedCell::Kind;
-using Lines = std::vector<std::string>;
 
 const std::string kSheets =
     "Application.createInstance(com.sun.star.frame.Desktop)"
@@ -25,13 +24,7 @@ const std::string kRange = "call " + kSheets + ".getByIndex(#0).getCellRangeByNa
 class CalcExport : public test::RecordedExport
 {
 protected:
-    /// What LibreOffice was asked for.
-    Lines exported(const std::wstring& order = L"")
-    {
-        const RecordedOffice calc(L"com.sun.star.ServiceManager", test::recordedCalcNumber(), order);
-        exportSeason();
-        return calc.log();
-    }
+    CalcExport() : RecordedExport(test::calcClass()) {}
 };
 
 /// Red is the highest byte there.
@@ -95,18 +88,12 @@ TEST_F(CalcExport, KeepsOneSheetAndFitsTheColumns)
 
 TEST_F(CalcExport, EndsInSilenceWhereAMemberIsRefused)
 {
-    for (const std::wstring member : {L"createInstance", L"getCount", L"setDataArray", L"setPropertyValue"}) {
-        const Lines log = exported(L"refuse " + member);
-        ASSERT_FALSE(log.empty());
-        EXPECT_EQ(log.back(), "released");
-    }
+    expectSilenceWhereRefused({L"createInstance", L"getCount", L"setDataArray", L"setPropertyValue"});
 }
 
 TEST_F(CalcExport, EndsInSilenceWhereTheApplicationDies)
 {
-    const Lines log = exported(L"die setPropertyValue");
-    ASSERT_GT(log.size(), 5U);
-    EXPECT_NE(log.back(), "released");
+    expectSilenceWhereItDies(L"setPropertyValue");
 }
 
 }  // namespace

@@ -6,29 +6,20 @@
 
 #include "tests/support/recorded_office.h"
 
-#include <algorithm>
-
 namespace kavo {
 namespace {
 
 using test::CellTexts;
+using test::Lines;
 using test::linesOf;
-using test::RecordedOffice;
 using Kind = test::RecordedCell::Kind;
-using Lines = std::vector<std::string>;
 
 const std::string kSheet = "Application.Workbooks.Add.ActiveSheet";
 
 class ExcelExport : public test::RecordedExport
 {
 protected:
-    /// What Excel was asked for.
-    Lines exported(const std::wstring& order = L"")
-    {
-        const RecordedOffice excel(L"Excel.Application", test::recordedExcelNumber(), order);
-        exportSeason();
-        return excel.log();
-    }
+    ExcelExport() : RecordedExport(test::excelClass()) {}
 };
 
 TEST_F(ExcelExport, MakesTheSameSheetCellByCell)
@@ -66,24 +57,18 @@ TEST_F(ExcelExport, NeedsFewCalls)
 
 TEST_F(ExcelExport, EndsInSilenceWhereAMemberIsRefused)
 {
-    for (const std::wstring member : {L"Visible", L"Workbooks", L"FormulaLocal", L"Color", L"AutoFit"}) {
-        const Lines log = exported(L"refuse " + member);
-        ASSERT_FALSE(log.empty());
-        EXPECT_EQ(log.back(), "released");
-    }
+    expectSilenceWhereRefused({L"Visible", L"Workbooks", L"FormulaLocal", L"Color", L"AutoFit"});
 }
 
 TEST_F(ExcelExport, EndsInSilenceWhereTheApplicationDies)
 {
-    const Lines log = exported(L"die Color");
-    ASSERT_GT(log.size(), 5U);
-    EXPECT_NE(log.back(), "released");
+    expectSilenceWhereItDies(L"Color");
     EXPECT_EQ(exported().back(), "released");  // the next one is well
 }
 
 TEST_F(ExcelExport, ComesBeforeLibreOffice)
 {
-    const RecordedOffice calc(L"com.sun.star.ServiceManager", test::recordedCalcNumber());
+    const test::RecordedOffice calc(test::calcClass());
     EXPECT_FALSE(exported().empty());
     EXPECT_EQ(calc.log(), Lines());
 }
