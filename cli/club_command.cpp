@@ -26,7 +26,7 @@ std::vector<PrintedCell> countCells(const GradeCounts& counts, const ColourSet& 
     std::vector<PrintedCell> cells;
     for (const Grade& grade : grades()) {
         PrintedCell cell = gradeCell(grade.category, scheme);
-        cell.text = std::to_string(counts.at(static_cast<std::size_t>(grade.category)));
+        cell.text = std::to_string(counts[grade.category]);
         cells.push_back(std::move(cell));
     }
     return cells;

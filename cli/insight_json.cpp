@@ -86,8 +86,7 @@ Json bestJson(int level, const BestEverLevel& best, const ResultsState& targets)
 Json gradesJson(const GradeCounts& counts)
 {
     Json json = Json::object();
-    for (const Grade& grade : grades())
-        json[std::string(grade.name)] = counts.at(static_cast<std::size_t>(grade.category));
+    for (const Grade& grade : grades()) json[std::string(grade.name)] = counts[grade.category];
     return json;
 }
 

@@ -29,6 +29,8 @@ struct ByGrade
 
     [[nodiscard]] const T& operator[](TargetCategory grade) const { return values.at(static_cast<std::size_t>(grade)); }
     [[nodiscard]] T& operator[](TargetCategory grade) { return values.at(static_cast<std::size_t>(grade)); }
+
+    bool operator==(const ByGrade&) const = default;
 };
 
 using TargetTimes = OneBased<std::string, kTotalsRow>;

@@ -91,8 +91,7 @@ ClubPlayer ClubCollector::playerFrom(const StatisticsTimes& times, std::string_v
     player.fingerprint = fingerprint(text);
     player.total = shownTotal(times);
     player.hundredths = exactTotal(times);
-    for (int level = 1; level <= kLevels; ++level)
-        ++player.grades.at(static_cast<std::size_t>(shownGrade(m_targets, level, times[level].time)));
+    for (int level = 1; level <= kLevels; ++level) ++player.grades[shownGrade(m_targets, level, times[level].time)];
     return player;
 }
 
@@ -156,7 +155,7 @@ ClubTeam teamOf(const ClubPart& part)
     for (const ClubLevel& level : part.levels) {
         team.total = AddTime(team.total, level.time);
         team.hundredths += exactTime(level.time).value_or(0);
-        ++team.grades.at(static_cast<std::size_t>(level.grade));
+        ++team.grades[level.grade];
     }
     return team;
 }

@@ -21,7 +21,7 @@ namespace kavo {
 
 using LevelSet = std::bitset<kLevels>;  ///< level n is bit n - 1
 
-using GradeCounts = std::array<int, kCategories>;  ///< levels per grade, best first
+using GradeCounts = ByGrade<int>;  ///< levels per grade
 
 /// A player. The same bytes under the same name are one player, however often they are met; files with the
 /// same driver and other times are players of the same name.

@@ -6,7 +6,6 @@
 #include "insight/fingerprint.h"
 
 #include <charconv>
-#include <optional>
 #include <vector>
 
 namespace kavo {
@@ -134,7 +133,7 @@ std::string playerLine(const ClubPlayer& player)
     std::string line = "player\t" + std::to_string(player.hundredths) + "\t" + escaped(player.name) + "\t" +
                        hexadecimal(player.fingerprint) + "\t" + escaped(player.file) + "\t" + escaped(player.total) +
                        "\t" + hexadecimal(player.won.to_ullong());
-    for (const int count : player.grades) line.append("\t").append(std::to_string(count));
+    for (const int count : player.grades.values) line.append("\t").append(std::to_string(count));
     return line.append("\n");
 }
 
@@ -151,9 +150,10 @@ ClubPlayer playerFrom(PartReader& reader)
     const std::uint64_t won = reader.hexadecimal(fields[6]);
     player.won = LevelSet(won);
     int levels = 0;
-    for (std::size_t i = 0; i < player.grades.size(); ++i) {
-        player.grades.at(i) = reader.number<std::uint16_t>(fields[kGradesAt + i]);
-        levels += player.grades.at(i);
+    for (const Grade& grade : grades()) {
+        int& count = player.grades[grade.category];
+        count = reader.number<std::uint16_t>(fields[kGradesAt + static_cast<std::size_t>(grade.category)]);
+        levels += count;
     }
     if (player.won.to_ullong() != won || levels != kLevels) reader.fail();
     return player;

@@ -42,8 +42,7 @@ DashboardSide sideOf(const Session& session, Side side)
     DashboardSide result;
     result.name = session.state.name(side);
     result.total = totalOn(session, side);
-    for (const Grade& grade : grades())
-        result.grades.at(static_cast<std::size_t>(grade.category)) = session.state.counter(side, grade.category);
+    for (const Grade& grade : grades()) result.grades[grade.category] = session.state.counter(side, grade.category);
     result.victories = session.state.victories(side);
     if (side != Side::Team) result.next = improvementsOf(session, side);
     return result;

@@ -30,8 +30,9 @@ std::vector<DatedImprovement> latestImprovements(const HistoryStore& history,
     std::vector<DatedImprovement> improvements;
     std::optional<StatisticsTimes> after;
     std::time_t moment = 0;
-    for (auto state = states.rbegin(); state != states.rend(); ++state) {
-        auto before = readState(history, *state);
+    for (std::size_t left = states.size(); left > 0; --left) {
+        const RememberedState& state = states[left - 1];
+        auto before = readState(history, state);
         if (!before) continue;
         if (after) {
             for (LevelChange& change : compareTimes(*before, *after, targets).changes) {
@@ -40,7 +41,7 @@ std::vector<DatedImprovement> latestImprovements(const HistoryStore& history,
             }
         }
         after = std::move(before);
-        moment = state->moment;
+        moment = state.moment;
     }
     return improvements;
 }
@@ -66,7 +67,7 @@ TimelinePoint timelinePoint(std::time_t moment, const StatisticsTimes& times, co
     point.hundredths = exactTotal(times);
     for (int level = 1; level <= kLevels; ++level) {
         const std::string& time = times[level].time;
-        ++point.grades.at(static_cast<std::size_t>(shownGrade(targets, level, time)));
+        ++point.grades[shownGrade(targets, level, time)];
         point.times.at(static_cast<std::size_t>(level) - 1) = exactTime(time);
     }
     return point;

@@ -3,7 +3,7 @@
 
 #include "insight/page/cells.h"
 
-#include "insight/page/page_frame.h"
+#include "insight/page/page_colours.h"
 
 namespace kavo {
 
@@ -47,9 +47,8 @@ void writeGradeCell(Markup& page, const std::string& label, const std::string& g
 {
     CellForm form{.label = label, .value = ""};
     if (const auto category = categoryNamed(grade)) {
-        const auto place = static_cast<std::size_t>(*category);
-        form.value = std::to_string(place);
-        form.colourClass = gradeClass(place);
+        form.value = std::to_string(static_cast<int>(*category));
+        form.colourClass = gradeClass(*category);
     }
     writeCell(page, form, grade);
 }

@@ -3,6 +3,8 @@
 
 #include "insight/page/charts.h"
 
+#include "insight/page/page_colours.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -89,8 +91,7 @@ std::string linePath(const std::vector<Step>& steps)
     const Heights heights(steps);
     std::string path;
     std::optional<Hundredths> before;
-    for (std::size_t i = 0; i < steps.size(); ++i) {
-        const Step& step = steps.at(i);
+    for (const Step& step : steps) {
         if (step.value == before) continue;
         const std::string x = coordinate(kWidth * step.from);
         if (before) path += "H" + x;
@@ -129,13 +130,21 @@ std::string stackPath(const std::vector<StackedStep>& steps, std::size_t share, 
 std::string coordinate(double value)
 {
     std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%lld", static_cast<long long>(std::llround(std::fabs(value) * 100)));
+    const long long hundredths = std::llround(std::fabs(value) * 100);
+    static_cast<void>(std::snprintf(text.data(), text.size(), "%lld", hundredths));
     std::string digits = text.data();
     if (digits.size() < 3) digits.insert(0, 3 - digits.size(), '0');
     digits.insert(digits.size() - 2, ".");
     digits.erase(digits.find_last_not_of('0') + 1);
     if (digits.back() == '.') digits.pop_back();
     return value < 0 && digits != "0" ? "-" + digits : digits;
+}
+
+std::vector<Share> gradeShares(const GradeCounts& counts)
+{
+    std::vector<Share> shares;
+    for (const Grade& grade : grades()) shares.push_back({gradeClass(grade.category), counts[grade.category]});
+    return shares;
 }
 
 void writeShares(Markup& page, const std::string& title, const std::vector<Share>& shares)

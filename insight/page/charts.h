@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "insight/club.h"
 #include "insight/page/markup.h"
 #include "insight/time_scale.h"
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +24,9 @@ struct Share
     std::string colourClass;
     int count = 0;
 };
+
+/// Levels of each grade, the best first.
+[[nodiscard]] std::vector<Share> gradeShares(const GradeCounts& counts);
 
 /// A bar of shares side by side.
 void writeShares(Markup& page, const std::string& title, const std::vector<Share>& shares);

@@ -5,6 +5,7 @@
 
 #include "insight/moment_text.h"
 #include "insight/page/cells.h"
+#include "insight/page/page_colours.h"
 #include "insight/page/page_frame.h"
 
 #include <algorithm>
@@ -44,9 +45,9 @@ void writeWins(Markup& page, const std::string& name, const LevelSet& won)
 void writeGradeCells(Markup& page, const GradeCounts& counts)
 {
     for (const Grade& grade : grades()) {
-        const auto place = static_cast<std::size_t>(grade.category);
-        const std::string count = std::to_string(counts.at(place));
-        writeCell(page, {.label = std::string(grade.name), .value = count, .colourClass = gradeClass(place)}, count);
+        const std::string count = std::to_string(counts[grade.category]);
+        writeCell(page, {.label = std::string(grade.name), .value = count, .colourClass = gradeClass(grade.category)},
+                  count);
     }
 }
 
@@ -97,9 +98,8 @@ void writeTeam(Markup& page, const ClubPart& club)
     page.open("section").element("h2", "The team of all").line();
     page.open("p").text("Total: " + team.total);
     for (const Grade& grade : grades()) {
-        const auto place = static_cast<std::size_t>(grade.category);
-        page.text(", ").element("b", {{"class", gradeClass(place)}}, grade.name);
-        page.text(" " + std::to_string(team.grades.at(place)));
+        page.text(", ").element("b", {{"class", gradeClass(grade.category)}}, grade.name);
+        page.text(" " + std::to_string(team.grades[grade.category]));
     }
     page.close().close().line();
 }

@@ -7,6 +7,7 @@
 #include "insight/page/cells.h"
 #include "insight/page/charts.h"
 #include "insight/page/level_section.h"
+#include "insight/page/page_colours.h"
 #include "insight/page/page_frame.h"
 #include "insight/page/progress_section.h"
 
@@ -40,13 +41,6 @@ void writeTitle(Markup& page, const Dashboard& dashboard)
     page.open("p", {{"class", "quiet"}}).text("As of " + minuteText(dashboard.now)).close().close().line();
 }
 
-std::vector<Share> gradeShares(const GradeCounts& counts)
-{
-    std::vector<Share> shares;
-    for (std::size_t i = 0; i < counts.size(); ++i) shares.push_back({gradeClass(i), counts.at(i)});
-    return shares;
-}
-
 std::string gradeCountsText(const GradeCounts& counts)
 {
     std::string text;
@@ -54,7 +48,7 @@ std::string gradeCountsText(const GradeCounts& counts)
         text.append(text.empty() ? "" : ", ")
             .append(grade.name)
             .append(" ")
-            .append(std::to_string(counts.at(static_cast<std::size_t>(grade.category))));
+            .append(std::to_string(counts[grade.category]));
     return text;
 }
 
@@ -67,9 +61,8 @@ void writeSummaryRow(Markup& page, const Dashboard& dashboard, Side side)
     writeShares(page, pageName(row.name) + ": " + gradeCountsText(row.grades), gradeShares(row.grades));
     page.close();
     for (const Grade& grade : grades()) {
-        const auto place = static_cast<std::size_t>(grade.category);
-        writeCell(page, {.label = std::string(grade.name), .colourClass = gradeClass(place)},
-                  std::to_string(row.grades.at(place)));
+        writeCell(page, {.label = std::string(grade.name), .colourClass = gradeClass(grade.category)},
+                  std::to_string(row.grades[grade.category]));
     }
     if (dashboard.rival != Rival::None)
         writeCell(page, {.label = "Levels won"}, side == Side::Team ? "" : std::to_string(row.victories));
@@ -92,10 +85,11 @@ void writeSummary(Markup& page, const Dashboard& dashboard)
 
 void writeGoal(Markup& page, const Improvement& improvement)
 {
-    const auto place = static_cast<std::size_t>(improvement.next.grade);
     page.open("li").text("Level ").name(pageName(improvement.name));
     page.text(": " + secondsText(improvement.next.gap) + " s to ");
-    page.element("b", {{"class", gradeClass(place)}}, gradeOf(improvement.next.grade).name).close().line();
+    page.element("b", {{"class", gradeClass(improvement.next.grade)}}, gradeOf(improvement.next.grade).name)
+        .close()
+        .line();
 }
 
 std::string withinText(const std::vector<Improvement>& improvements)
@@ -138,7 +132,7 @@ void writeImprovements(Markup& page, const Timeline& timeline)
         page.open("li").element("span", {{"class", "quiet"}}, minuteText(improvement.moment)).text(" Level ");
         page.name(pageName(change.name)).text(": " + pageName(change.before) + " → " + pageName(change.after) + ", ");
         const auto writeGrade = [&page](TargetCategory category) {
-            page.element("b", {{"class", gradeClass(static_cast<std::size_t>(category))}}, gradeOf(category).name);
+            page.element("b", {{"class", gradeClass(category)}}, gradeOf(category).name);
         };
         if (change.gradeBefore != change.gradeAfter) {
             writeGrade(change.gradeBefore);

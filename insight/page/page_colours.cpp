@@ -4,6 +4,7 @@
 #include "insight/page/page_colours.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 
@@ -53,7 +54,7 @@ std::string hexColour(Colour colour)
 {
     const auto [red, green, blue] = channels(colour);
     std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "#%02x%02x%02x", red, green, blue);
+    static_cast<void>(std::snprintf(text.data(), text.size(), "#%02x%02x%02x", red, green, blue));
     return text.data();
 }
 
@@ -68,7 +69,7 @@ std::string variables(const PageColours& colours)
     add("quiet", colours.quiet);
     add("accent", colours.accent);
     add("line", colours.line);
-    for (std::size_t i = 0; i < colours.grades.size(); ++i) add("g" + std::to_string(i), colours.grades.at(i));
+    for (const Grade& grade : grades()) add(gradeClass(grade.category), colours.grades[grade.category]);
     return text + "}";
 }
 
@@ -99,9 +100,14 @@ PageColours pageColours(const ColourSet& scheme, PageShade shade)
     colours.accent = readableOn(colours.background, scheme.ColFrames);
     colours.line = between(colours.text, colours.background, 0.75);
     for (const Grade& grade : grades())
-        colours.grades.at(static_cast<std::size_t>(grade.category)) =
+        colours.grades[grade.category] =
             grade.colour == nullptr ? colours.quiet : readableOn(colours.background, scheme.*grade.colour);
     return colours;
+}
+
+std::string gradeClass(TargetCategory grade)
+{
+    return "g" + std::to_string(static_cast<int>(grade));
 }
 
 std::string colourRules(const ColourSet& scheme)

@@ -6,7 +6,6 @@
 #include "core/colour_set.h"
 #include "core/results_state.h"
 
-#include <array>
 #include <string>
 
 /// The user's colours on a page. A scheme is made for one window; a page is shown on light and on dark, so what
@@ -30,12 +29,15 @@ struct PageColours
     Colour quiet = 0;   ///< of what is said by the way
     Colour accent = 0;  ///< headings, player 1
     Colour line = 0;    ///< between things; no text
-    std::array<Colour, kCategories> grades{};
+    ByGrade<Colour> grades;
 };
 
 enum class PageShade { Light, Dark };
 
 [[nodiscard]] PageColours pageColours(const ColourSet& scheme, PageShade shade);
+
+/// A class of the style sheet, and a variable there: the colour of a grade.
+[[nodiscard]] std::string gradeClass(TargetCategory grade);
 
 /// The rules of the style sheet that depend on the user: dark where the reader's system asks for it, light on
 /// paper.

@@ -57,9 +57,4 @@ std::string pageName(std::string_view name)
     return std::string(firstCharacters(name, kLongestName - 1)) + "…";
 }
 
-std::string gradeClass(std::size_t category)
-{
-    return "g" + std::to_string(category);
-}
-
 }  // namespace kavo

@@ -20,7 +20,4 @@ namespace kavo {
 /// Somebody's name as pages show it: cut where it is so long that it would be all there is to see.
 [[nodiscard]] std::string pageName(std::string_view name);
 
-/// A class of the style sheet: the colour of a grade.
-[[nodiscard]] std::string gradeClass(std::size_t category);
-
 }  // namespace kavo

@@ -5,7 +5,7 @@
 
 #include "insight/moment_text.h"
 #include "insight/page/cells.h"
-#include "insight/page/page_frame.h"
+#include "insight/page/page_colours.h"
 
 #include <algorithm>
 
@@ -18,13 +18,8 @@ constexpr std::size_t kEnoughStates = 2;
 std::vector<StackedStep> gradeSteps(const Timeline& timeline, const std::vector<double>& places)
 {
     std::vector<StackedStep> steps;
-    for (std::size_t i = 0; i < timeline.points.size(); ++i) {
-        StackedStep step{.from = places.at(i), .shares = {}};
-        const GradeCounts& counts = timeline.points.at(i).grades;
-        for (std::size_t grade = 0; grade < counts.size(); ++grade)
-            step.shares.push_back({gradeClass(grade), counts.at(grade)});
-        steps.push_back(std::move(step));
-    }
+    for (std::size_t i = 0; i < timeline.points.size(); ++i)
+        steps.push_back({.from = places.at(i), .shares = gradeShares(timeline.points.at(i).grades)});
     return steps;
 }
 
@@ -70,7 +65,7 @@ void writeGrades(Markup& page, const Timeline& timeline, const std::vector<doubl
 {
     page.open("figure").element("figcaption", "Grades").open("p", {{"class", "keys"}});
     for (const Grade& grade : grades()) {
-        const std::string kind = gradeClass(static_cast<std::size_t>(grade.category));
+        const std::string kind = gradeClass(grade.category);
         page.open("span").element("span", {{"class", "key " + kind}}, "").text(grade.name).close();
     }
     page.close().line();
@@ -87,7 +82,7 @@ void writePoint(Markup& page, const TimelinePoint& point, std::size_t place)
     writeRowName(page, minuteText(point.moment), std::to_string(place));
     writeCell(page, {.label = "Total", .value = std::to_string(point.hundredths)}, point.total);
     for (const Grade& grade : grades()) {
-        const int count = point.grades.at(static_cast<std::size_t>(grade.category));
+        const int count = point.grades[grade.category];
         writeCell(page, {.label = std::string(grade.name), .value = std::to_string(count)}, std::to_string(count));
     }
     page.close().line();

@@ -3,10 +3,10 @@
 
 #include "insight/club.h"
 
-#include "core/targets.h"
 #include "insight/club_part_file.h"
 #include "insight/fingerprint.h"
 #include "tests/support/program_folder_fixture.h"
+#include "tests/support/state_with_targets.h"
 
 #include <gtest/gtest.h>
 
@@ -15,14 +15,8 @@
 namespace kavo {
 namespace {
 
+using test::stateWithTargets;
 using test::statisticsText;
-
-ResultsState targets()
-{
-    ResultsState state;
-    parseTargets(test::targetsText(), state);
-    return state;
-}
 
 /// A statistics file by its name and its first times.
 struct File
@@ -33,7 +27,7 @@ struct File
 
 ClubPart collected(const std::vector<File>& files)
 {
-    const ResultsState state = targets();
+    const ResultsState state = stateWithTargets();
     ClubCollector collector(state);
     for (const File& file : files) collector.add(statisticsText(file.times), file.name);
     return collector.finish();
@@ -50,7 +44,7 @@ std::vector<std::string> playersOf(const ClubPart& part)
 std::string gradesOf(const GradeCounts& counts)
 {
     std::string text;
-    for (const int count : counts) text += (text.empty() ? "" : " ") + std::to_string(count);
+    for (const int count : counts.values) text += (text.empty() ? "" : " ") + std::to_string(count);
     return text;
 }
 
@@ -136,7 +130,7 @@ TEST(Club, MakesATeamOfAll)
 
 TEST(Club, NamesAPlayerWithoutADriverByTheFile)
 {
-    const ResultsState state = targets();
+    const ResultsState state = stateWithTargets();
     ClubCollector collector(state);
     collector.add(test::undrivenText(), "league/nobody.txt");
     collector.add(statisticsText({"00:10:00"}), "league/bare.txt");
@@ -166,7 +160,7 @@ TEST(Club, TakesTheSameFileOnce)
 
 TEST(Club, TakesTheLevelNamesOfItsFirstPlayer)
 {
-    const ResultsState state = targets();
+    const ResultsState state = stateWithTargets();
     std::string renamed = statisticsText({"00:05:00 Zoe"});
     renamed.replace(renamed.find("Track"), 5, "Chalk");
     ClubCollector collector(state);
@@ -198,7 +192,7 @@ TEST(Club, IsEmptyWithoutPlayers)
 
 TEST(Club, DoesNotMixTargets)
 {
-    ResultsState others = targets();
+    ResultsState others = stateWithTargets();
     others.TargetOK[54] = "00:50:01";
     const ClubPart part = ClubCollector(others).finish();
     try {
@@ -270,7 +264,8 @@ TEST(ClubPartFile, IsReadBackAsItWas)
 TEST(ClubPartFile, HasALineForEachLevelAndPlayer)
 {
     const std::string text = formatClubPart(collected({kAlice}));
-    const std::string start = "kavo-timing club part\t1\ntargets\t" + hexadecimal(targetsFingerprint(targets())) +
+    const std::string start = "kavo-timing club part\t1\ntargets\t" +
+                              hexadecimal(targetsFingerprint(stateWithTargets())) +
                               "\nlevel\t00:20:00\tWorld Class\t1, Track\nlevel\t00:31:00\tGood\t2, Track\n"
                               "level\tSKIPPED\tBeginner\t3, Track\n";
     EXPECT_EQ(text.substr(0, start.size()), start);

@@ -119,8 +119,8 @@ TEST(DashboardPage, IsNeverLargerThanItMayBe)
         point.moment = static_cast<std::time_t>(i * i) * 7919;
         point.total = "1:23:45:67";
         point.hundredths = static_cast<Hundredths>(501234 + i * 3571 % 997);
-        for (std::size_t grade = 0; grade < point.grades.size(); ++grade)
-            point.grades.at(grade) = 9 + (grade % 2 == i % 2 ? 1 : -1);
+        for (std::size_t grade = 0; grade < point.grades.values.size(); ++grade)
+            point.grades.values.at(grade) = 9 + (grade % 2 == i % 2 ? 1 : -1);
         for (std::size_t level = 0; level < point.times.size(); ++level)
             point.times.at(level) = static_cast<Hundredths>(3000 + (i * 7919 + level * 104729) % 9973);
         timeline.points.push_back(point);

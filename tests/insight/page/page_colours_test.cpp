@@ -51,7 +51,7 @@ TEST(PageColours, CanBeReadWhateverTheScheme)
             const PageColours colours = pageColours(scheme, shade);
             for (const Colour colour : {colours.text, colours.quiet, colours.accent})
                 EXPECT_GE(contrast(colour, colours.background), 4.5);
-            for (const Colour colour : colours.grades) EXPECT_GE(contrast(colour, colours.background), 4.5);
+            for (const Colour colour : colours.grades.values) EXPECT_GE(contrast(colour, colours.background), 4.5);
             EXPECT_EQ(contrast(colours.background, kWhite) < contrast(colours.background, kBlack),
                       shade == PageShade::Light);
         }
@@ -65,7 +65,7 @@ TEST(PageColours, AreTheUsersWhereTheyFit)
     EXPECT_EQ(pageColours(light, PageShade::Light).accent, light.ColFrames);
     const ColourSet dark = {.ColBack = rgb(10, 10, 10), .ColText = rgb(240, 240, 240), .ColGood = rgb(25, 190, 30)};
     EXPECT_EQ(pageColours(dark, PageShade::Dark).background, dark.ColBack);
-    EXPECT_EQ(pageColours(dark, PageShade::Dark).grades.at(3), dark.ColGood);
+    EXPECT_EQ(pageColours(dark, PageShade::Dark).grades[TargetCategory::Good], dark.ColGood);
 }
 
 TEST(ColourRules, AreDarkOnADarkScreenOnly)
