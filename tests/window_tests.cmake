@@ -28,6 +28,7 @@ add_executable(kavo_window_tests window_test_main.cpp
     support/page_server.cpp
     support/page_server.h
     support/wait_until.h
+    ui/settings/options_window_fixture.h
     ui/settings/view_window_fixture.h
     updater/updater_window_fixture.h
     ${window_tests})
