@@ -12,6 +12,11 @@
 #include "core/targets.h"
 #include "core/users.h"
 #include "core/window_layout.h"
+#include "insight/best_ever.h"
+#include "insight/club_part_file.h"
+#include "insight/fingerprint.h"
+#include "insight/history_index.h"
+#include "insight/page/page_frame.h"
 #include "reports/template_file.h"
 #include "tests/support/places.h"
 #include "tests/support/program_folder_fixture.h"
@@ -37,7 +42,7 @@ std::string example(const std::string& name)
     if (start == std::string::npos) throw std::runtime_error("no example " + name);
     const std::size_t from = start + opening.size();
     std::string bytes = replaceAll(text.substr(from, text.find("```", from) - from), "\n", "");
-    bytes = replaceAll(bytes, "␍␊", "\r\n");
+    bytes = replaceAll(replaceAll(bytes, "␍", "\r"), "␊", "\n");
     bytes = replaceAll(bytes, "␉", "\t");
     return replaceAll(bytes, "␣", " ");
 }
@@ -161,6 +166,48 @@ TEST(FileFormats, ReportsBeginAsDescribed)
 {
     EXPECT_TRUE(golden("marek.txt").starts_with(example("report.txt")));
     EXPECT_TRUE(golden("marek-plain-table.html").starts_with(example("report.html")));
+}
+
+TEST(FileFormats, PagesBeginAsDescribed)
+{
+    EXPECT_TRUE(formatPage("Title", {}, [](Markup&) {}).starts_with(example("page.html")));
+}
+
+TEST(FileFormats, PartsOfAClubComeBackAsDescribed)
+{
+    std::string text = example("club.part");
+    for (int level = 2; level <= kLevels; ++level)
+        text += "level\t00:20:00\tProfessional\t" + std::to_string(level) + ", Track\n";
+    text += example("club.part-end");
+    const ClubPart part = parseClubPart(text);
+    ASSERT_EQ(part.players.size(), 1U);
+    EXPECT_EQ(part.players[0].file, "/games/marek/stats.txt");
+    EXPECT_EQ(part.players[0].fingerprint, fingerprint("a"));
+    EXPECT_EQ(part.players[0].hundredths, 54 * 2000);
+    EXPECT_EQ(part.players[0].grades[TargetCategory::Professional], 54);
+    EXPECT_TRUE(part.players[0].won.all());
+    EXPECT_EQ(part.levels[0].name, "1, Warm Up");
+    EXPECT_EQ(formatClubPart(part), text);
+}
+
+TEST(FileFormats, BestTimesEverAreWrittenAsDescribed)
+{
+    BestEver best;
+    best[1] = {"1, Warm Up", "00:16:32", "Marek", {}};
+    best[2] = {"2, Rusty Gate", std::string(kSkipped), {}, {}};
+    best[3] = {"3, Pebble Road", "00:16:56", "Marek", {}};
+    const std::string text = formatBestEver(best);
+    EXPECT_TRUE(text.starts_with(example("best-ever.txt")));
+    EXPECT_TRUE(text.ends_with("\r\n\r\n\r\n"));
+    EXPECT_TRUE(isSecondStatisticsFile(text));
+}
+
+TEST(FileFormats, TheIndexOfRememberedResultsComesBackAsDescribed)
+{
+    constexpr FileMark kMark{6250, 1795257991000000001};
+    const auto known = HistoryIndex::parse(example("index")).find("20261121T104631Z.txt", kMark);
+    EXPECT_EQ(known, fingerprint("a"));
+    EXPECT_EQ(HistoryIndex::line("20261121T104631Z.txt", kMark, fingerprint("a")), example("index"));
 }
 
 TEST(FileFormats, TimesOfThePageAreCutAsDescribed)
