@@ -14,6 +14,13 @@ namespace {
 using test::LoadedFolder;
 using test::statisticsText;
 
+TEST(Session, HasNoSettingsBeforeALoading)
+{
+    const Session session;
+    EXPECT_FALSE(session.hasSettings);
+    EXPECT_EQ(session.fontSize, 8);
+}
+
 TEST(LoadingOfAFirstRun, ShowsAnEmptyTableAndOpensTheOptions)
 {
     LoadedFolder loaded;
@@ -69,7 +76,7 @@ TEST(Init, WithoutSettingsComparesTheFolderStatisticsWithThemselves)
     EXPECT_EQ(loaded.session.StatsPath, (loaded.folder / "stats.txt").string());
     EXPECT_EQ(loaded.session.CompPath, loaded.session.StatsPath);
     EXPECT_EQ(loaded.session.CompCategory, "");
-    EXPECT_EQ(loaded.session.fontSize, kDesignedFontSize);
+    EXPECT_EQ(loaded.session.fontSize, 8);
 }
 
 TEST(Init, ChoosesTheComparisonByTheMethod)
@@ -116,13 +123,13 @@ TEST(Init, TakesTheFontSizeOfAFifthLine)
     EXPECT_EQ(loaded.session.fontSize, 1);
     loaded.folder.write("bob/data.ini", "\r\n2\r\n\r\n\r\n 0 \r\n");
     loaded.run();
-    EXPECT_EQ(loaded.session.fontSize, kDesignedFontSize);
+    EXPECT_EQ(loaded.session.fontSize, 8);
     loaded.folder.write("bob/data.ini", "\r\n2\r\n\r\n\r\n");
     loaded.run();
-    EXPECT_EQ(loaded.session.fontSize, kDesignedFontSize);
+    EXPECT_EQ(loaded.session.fontSize, 8);
     loaded.folder.write("bob/data.ini", "\r\n2\r\n\r\n\r\nlarge\r\n");
     loaded.run();
-    EXPECT_EQ(loaded.session.fontSize, kDesignedFontSize);
+    EXPECT_EQ(loaded.session.fontSize, 8);
 }
 
 TEST(Loading, OfMethodTwoWithoutAPathShowsNoChange)

@@ -65,6 +65,19 @@ TEST(Grade, IsDecidedByTextOrder)
     EXPECT_EQ(gradeReached(state, 55, "\xC3\xA9").name, "Beginner");
 }
 
+TEST(ResultsState, BeginsWithDesignedNamesAndWithoutCounts)
+{
+    const ResultsState state;
+    EXPECT_EQ(state.name(Side::Player1), "Player1");
+    EXPECT_EQ(state.name(Side::Player2), "Player2");
+    EXPECT_EQ(state.name(Side::Team), "Team");
+    for (const Side side : {Side::Player1, Side::Player2, Side::Team}) {
+        EXPECT_EQ(state.victories(side), 0);
+        for (const Grade& grade : grades()) EXPECT_EQ(state.counter(side, grade.category), 0) << grade.name;
+    }
+    EXPECT_EQ(state.DiffMin + state.DiffSec + state.DiffHun, 0);
+}
+
 TEST(Category, IsKnownByItsExactName)
 {
     EXPECT_EQ(categoryNamed("World Class"), TargetCategory::WorldClass);

@@ -55,6 +55,7 @@ TEST(Settings, FailWhenShorterThanFourLines)
 TEST(Settings, AreReadAsFarAsTheyGoForTheDialog)
 {
     const Settings designed{"designed", 1, "design", "", {}};
+    EXPECT_EQ(parseSettingsLeniently("").compareMethod, 0);  // none of the three
     EXPECT_EQ(parseSettingsLeniently("", designed).statsPath, "designed");
     EXPECT_EQ(parseSettingsLeniently("a\r\n", designed).statsPath, "a");
     EXPECT_EQ(parseSettingsLeniently("a\r\n", designed).otherPath, "design");

@@ -163,6 +163,12 @@ TEST(StatisticsReader, FailsWithoutAnotherHeader)
     EXPECT_EQ(errorOf([&] { static_cast<void>(empty.header()); }), kInvalidCall);
 }
 
+TEST(StatisticsReader, FailsToReadATimeBeforeAHeader)
+{
+    const StatisticsReader reader("\r\n00:10:00 A\r\n");
+    EXPECT_EQ(errorOf([&] { static_cast<void>(reader.bestTime()); }), kInvalidCall);
+}
+
 TEST(StatisticsReader, FailsOnBareLineFeeds)
 {
     StatisticsReader reader("Level 1\n00:10:00 A\nLevel 2\n");

@@ -57,6 +57,11 @@ TEST(WindowLayout, WritesColumnWidthsRoundedDown)
     EXPECT_EQ(formatLayout(layout), " 1.5 \r\n-15 \r\n 3 \r\n 4 \r\n 5 \r\n 6 \r\n 7 \r\n 8 \r\n 9 \r\n 10 \r\n");
 }
 
+TEST(WindowLayout, IsAllZeroesAsLongAsNothingIsKnown)
+{
+    EXPECT_EQ(formatLayout({}), " 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n");
+}
+
 TEST(WindowLayout, IsUnchangedWhenReadAndWrittenAgain)
 {
     const std::string text = formatLayout({15, 10, 9000, 12000, {1, 2, 3, 4, 5, 6}});
