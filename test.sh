@@ -69,6 +69,24 @@ run_tests() {
     [ -s "$results/$stage.xml" ]
 }
 
+# run_suites STAGE JOBS PROGRAM...: the same of GoogleTest programs, with a process for each suite: ctest starts one for
+# each test, and with the sanitizers that is most of the time.
+run_suites() {
+    local stage="$1 suites" suites_at_once="$2"
+    shift 2
+    python3 -B tools/run_suites.py --jobs "$suites_at_once" "$results/$stage.xml" "$@" >"$results/$stage.log" 2>&1 ||
+        head -1000 "$results/$stage.log"
+    [ -s "$results/$stage.xml" ]
+}
+
+# run_everything STAGE FOLDER LABELS: all tests but those with a label that the expression names.
+run_everything() {
+    local stage="$1" folder="$2" programs=("$2/tests/kavo_tests")
+    [ ! -x "$folder/tests/kavo_window_tests" ] || programs+=("$folder/tests/kavo_window_tests")
+    run_suites "$stage" "$jobs" "${programs[@]}" &&
+        run_tests "$stage" "$folder" -j "$jobs" --label-exclude "^(units|windows${3:+|$3})\$"
+}
+
 # stage NAME FUNCTION: a stage that cannot be built counts as one failure.
 stage() {
     echo "== $1"
@@ -76,7 +94,7 @@ stage() {
 }
 
 plain() {
-    build build-dev --preset dev && QT_QPA_PLATFORM=offscreen run_tests "$1" build-dev -j "$jobs"
+    build build-dev --preset dev && QT_QPA_PLATFORM=offscreen run_everything "$1" build-dev
 }
 
 # Where Chromium is installed, every run of the tests does this, too.
@@ -93,7 +111,7 @@ sanitized() {
     find build-asan -name '*.gcda' -delete
     QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 UBSAN_OPTIONS=print_stacktrace=1 \
         LSAN_OPTIONS="suppressions=$PWD/tools/leaks.supp:print_suppressions=0" \
-        run_tests "$1" build-asan -j "$jobs" || return 1
+        run_everything "$1" build-asan || return 1
     covered build-asan
 }
 
@@ -115,7 +133,7 @@ without_qt() {
 coverage() {
     build build-core --preset core -DKAVO_TESTS=ON -DKAVO_COVERAGE=ON || return 1
     find build-core -name '*.gcda' -delete
-    run_tests "$1" build-core -j "$jobs" --label-exclude sources || return 1
+    run_everything "$1" build-core sources || return 1
     covered build-core
 }
 
@@ -142,7 +160,7 @@ on_display() (
     trap end_display EXIT
     start_display || exit 1
     QT_QPA_PLATFORM=xcb ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 \
-        run_tests "$1" build-asan -L windows -j 1
+        run_suites "$1" 1 build-asan/tests/kavo_window_tests
 )
 
 display() {
