@@ -21,6 +21,7 @@ target_precompile_headers(kavo_window_test_support PRIVATE ${precompiled}
     <QApplication> <QCheckBox> <QComboBox> <QDialog> <QGroupBox> <QLabel> <QLineEdit> <QListWidget> <QMenu>
     <QPlainTextEdit> <QProgressBar> <QPushButton> <QRadioButton> <QSignalSpy> <QSpinBox> <QTest> <QTimer>
     <QTreeView>)
+kavo_qt_rules(kavo_window_test_support)
 kavo_layer(kavo_window_test_support)
 add_executable(kavo_window_tests window_test_main.cpp
     support/gate.h
@@ -32,6 +33,7 @@ add_executable(kavo_window_tests window_test_main.cpp
     ui/settings/view_window_fixture.h
     updater/updater_window_fixture.h
     ${window_tests})
+kavo_qt_rules(kavo_window_tests)
 kavo_layer(kavo_window_tests)
 set_target_properties(kavo_window_tests PROPERTIES AUTOMOC ON)
 target_link_libraries(kavo_window_tests PRIVATE kavo_window_test_support kavo_reports)

@@ -14,8 +14,6 @@
 
 #include <QCommandLineParser>
 
-#include <cstdio>
-
 namespace {
 
 constexpr int kUsageError = 2;
@@ -52,7 +50,8 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     kavo::Application application(argc, argv);
     QCommandLineParser options;
-    for (const char* name : {"program-folder", "report", "page"}) options.addOption({name, name, "PATH"});
+    for (const QString& name : {QString("program-folder"), QString("report"), QString("page")})
+        options.addOption({name, name, "PATH"});
     if (!options.parse(kavo::Application::arguments())) return kUsageError;
     kavo::test::RecordingPrompts prompts;
     application.setPrompts(prompts);

@@ -40,12 +40,12 @@ namespace kavo::test {
 
 namespace {
 
-constexpr const char* kTeam = "Night Riders";
-constexpr const char* kBugTime = "05, 00:11:11";
+constexpr QLatin1StringView kTeam("Night Riders");
+constexpr QLatin1StringView kBugTime("05, 00:11:11");
 
 /// Runs `action` on a control of a window, if the window has it.
 template <typename Control, typename Action>
-void onControl(const QWidget& window, const char* name, Action action)
+void onControl(const QWidget& window, const QString& name, Action action)
 {
     if (auto* control = window.findChild<Control*>(name))
         action(*control);
@@ -53,12 +53,12 @@ void onControl(const QWidget& window, const char* name, Action action)
         say("missing", name);
 }
 
-void press(const QWidget& window, const char* name)
+void press(const QWidget& window, const QString& name)
 {
     onControl<QPushButton>(window, name, [](QPushButton& button) { button.click(); });
 }
 
-void type(const QWidget& window, const char* name, const QString& text)
+void type(const QWidget& window, const QString& name, const QString& text)
 {
     onControl<QLineEdit>(window, name, [&text](QLineEdit& box) { box.setText(text); });
 }
@@ -145,21 +145,21 @@ bool Operations::run(const std::string& name)
 
 void Operations::trigger(const char* entry)
 {
-    onControl<QAction>(mainWindow(), entry, [](QAction& action) { action.trigger(); });
+    onControl<QAction>(mainWindow(), QLatin1StringView(entry), [](QAction& action) { action.trigger(); });
 }
 
 void Operations::withWindow(const char* className, const Look& look)
 {
     const auto& windows = allWindows();
     const auto row = std::find_if(windows.begin(), windows.end(), [className](const WindowRow& window) {
-        return QString(window.className) == className;
+        return std::string_view(window.className) == className;
     });
-    m_expected = className;
+    m_expected = QLatin1StringView(className);
     const auto lookAtExpected = [this, &look](QWidget& window) {
         m_opened = &window;
         look(window);
     };
-    if (!test::withWindow(m_program.mainWindow(), *row, lookAtExpected)) say("not opened", className);
+    if (!test::withWindow(m_program.mainWindow(), *row, lookAtExpected)) say("not opened", m_expected);
     m_expected.clear();
     m_opened = nullptr;
 }

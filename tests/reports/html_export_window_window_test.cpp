@@ -23,7 +23,7 @@ const QStringList kReportFilters = {"HTML (*.html)", "HTM (*.htm)", "All files (
 struct Section
 {
     const char* frame;
-    const char* title;
+    QString title;
     const char* box;
     const char* combo;
     const char* insert;

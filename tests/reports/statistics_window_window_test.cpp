@@ -98,7 +98,7 @@ TEST_F(StatisticsWindow, BarsAreVerticalWithOneUnitPerLevelAndShowTheirCountAsTo
         EXPECT_EQ(bar.orientation(), Qt::Vertical);
         EXPECT_EQ(bar.minimum(), 0);
         EXPECT_EQ(bar.maximum(), 54);
-        EXPECT_EQ(bar.toolTip(), i == 1 ? "54" : "0");
+        EXPECT_EQ(bar.toolTip(), i == 1 ? QString("54") : QString("0"));
         EXPECT_EQ(bar.value(), i == 1 ? 54 : 0);
     }
 }

@@ -16,7 +16,7 @@ namespace {
 QWidget* visibleWindow(const char* className)
 {
     for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && window->objectName() == className) return window;
+        if (window->isVisible() && window->objectName() == QLatin1StringView(className)) return window;
     return nullptr;
 }
 
@@ -129,7 +129,7 @@ bool withWindow(const char* className, const std::function<void()>& open, const 
 
 bool withWindow(Form1& mainWindow, const WindowRow& row, const std::function<void(QWidget&)>& look)
 {
-    auto* entry = mainWindow.findChild<QAction*>(row.entry);
+    auto* entry = mainWindow.findChild<QAction*>(QLatin1StringView(row.entry));
     return entry != nullptr && withWindow(
                                    row.className, [entry] { entry->trigger(); }, look);
 }

@@ -73,7 +73,7 @@ public:
             return withWindow(m_program.mainWindow(), row, [&](QWidget& window) {
                 fill(window);
                 settle();
-                m_look(row.image, window);
+                m_look(QLatin1StringView(row.image), window);
             });
         });
         showLogin();
@@ -116,7 +116,7 @@ private:
     void prepare(const WindowRow& row)
     {
         auto& list = *m_program.mainWindow().findChild<QTreeView*>("lv");
-        if (QString(row.image) == "level-statistics") list.setCurrentIndex(list.model()->index(kLevel - 1, 0));
+        if (std::string_view(row.image) == "level-statistics") list.setCurrentIndex(list.model()->index(kLevel - 1, 0));
     }
 
     /// Puts a supplied template into the editor's boxes.
@@ -126,7 +126,8 @@ private:
         const TemplateSections sections = loadTemplateFile({}, dataFolder() / "templates/plain-table.ett");
         for (const auto& [box, text] : {std::pair{"Text2", &sections.beginning}, std::pair{"Text3", &sections.loop},
                                         std::pair{"Text4", &sections.total}, std::pair{"Text5", &sections.ending}})
-            window.findChild<QPlainTextEdit*>(box)->setPlainText(QString::fromStdString(*text).remove('\r'));
+            window.findChild<QPlainTextEdit*>(QLatin1StringView(box))
+                ->setPlainText(QString::fromStdString(*text).remove('\r'));
     }
 
     void showLogin()
@@ -175,7 +176,7 @@ QString textOf(const QWidget& control)
 {
     if (const auto* label = qobject_cast<const QLabel*>(&control)) return label->text();
     if (const auto* button = qobject_cast<const QAbstractButton*>(&control))
-        return button->text() + (button->isChecked() ? " (chosen)" : "");
+        return button->text() + (button->isChecked() ? QString(" (chosen)") : QString());
     if (const auto* frame = qobject_cast<const QGroupBox*>(&control)) return frame->title();
     if (const auto* combo = qobject_cast<const QComboBox*>(&control)) return combo->currentText();
     if (const auto* number = qobject_cast<const QSpinBox*>(&control)) return number->text();

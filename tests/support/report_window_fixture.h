@@ -37,10 +37,10 @@ protected:
     ~ReportWindowTest() override { static_cast<Application*>(qApp)->restorePrompts(); }
 
     template <typename Control>
-    static Control& control(const QWidget& window, const QString& name)
+    static Control& control(const QWidget& window, QAnyStringView name)
     {
-        auto* found = window.findChild<Control*>(name);
-        if (found == nullptr) throw std::runtime_error("no control " + name.toStdString());
+        auto* found = window.findChild<Control*>(name.toString());
+        if (found == nullptr) throw std::runtime_error("no control " + name.toString().toStdString());
         return *found;
     }
 

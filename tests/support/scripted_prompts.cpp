@@ -15,9 +15,9 @@ namespace kavo::test {
 
 namespace {
 
-QString described(const char* kind, const Message& message)
+QString described(const QString& kind, const Message& message)
 {
-    const QString icon = message.icon == MessageIcon::Critical ? "critical " : "";
+    const QString icon = message.icon == MessageIcon::Critical ? QString("critical ") : QString();
     return icon + kind + " [" + toScreen(message.title) + "] " + toScreen(message.text);
 }
 
@@ -26,10 +26,10 @@ QString described(const LineQuestion& question)
     return "line [" + question.title + "] " + question.prompt + " (" + question.preset + ")";
 }
 
-QString described(const char* kind, const FileDialog& dialog)
+QString described(const QString& kind, const FileDialog& dialog)
 {
     const auto& [title, filters, startAt] = dialog.question;
-    return QString(kind) + " over " + dialog.window + " [" + title + "] {" + filters.join(";;") + "} at " +
+    return kind + " over " + dialog.window + " [" + title + "] {" + filters.join(";;") + "} at " +
            QDir::fromNativeSeparators(startAt);
 }
 

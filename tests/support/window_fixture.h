@@ -63,7 +63,7 @@ protected:
     template <typename Control>
     static Control& control(const QWidget& window, const char* name)
     {
-        auto* found = window.findChild<Control*>(name);
+        auto* found = window.findChild<Control*>(QLatin1StringView(name));
         if (found == nullptr) throw std::runtime_error(std::string("no control ") + name);
         return *found;
     }

@@ -109,7 +109,7 @@ TEST_P(AccessibilityOf, EveryControlSaysWhatItIsFor)
     startLoggedIn();
     EXPECT_TRUE(kavo::test::withWindow(mainWindow(), GetParam(), [](const QWidget& window) {
         EXPECT_EQ(face(window).role(), QAccessible::Dialog);
-        EXPECT_EQ(name(window), GetParam().caption);
+        EXPECT_EQ(name(window), QLatin1StringView(GetParam().caption));
         expectAccessible(window);
     }));
 }

@@ -74,7 +74,7 @@ QStringList clippedControls(const QWidget& window)
     QStringList clipped;
     for (const QWidget* control : window.findChildren<QWidget*>())
         if (control->isVisible() && !isPart(*control) && isClipped(*control))
-            clipped << control->objectName() + " (" + control->metaObject()->className() + ")";
+            clipped << control->objectName() + " (" + QLatin1StringView(control->metaObject()->className()) + ")";
     return clipped;
 }
 
@@ -93,10 +93,10 @@ TEST_P(EveryWindow, HasItsNamesItsCaptionAndAllItsControls)
     look([](const QWidget& window) {
         const WindowRow& row = GetParam();
         EXPECT_STREQ(window.metaObject()->className(), row.className);
-        EXPECT_EQ(window.objectName(), row.className);
-        EXPECT_EQ(window.windowTitle(), row.caption);
+        EXPECT_EQ(window.objectName(), QLatin1StringView(row.className));
+        EXPECT_EQ(window.windowTitle(), QLatin1StringView(row.caption));
         for (const char* name : row.controls)
-            EXPECT_NE(window.findChild<QWidget*>(name), nullptr) << "no control " << name;
+            EXPECT_NE(window.findChild<QWidget*>(QLatin1StringView(name)), nullptr) << "no control " << name;
     });
 }
 

@@ -13,7 +13,6 @@
 #include <QLabel>
 #include <QNetworkProxy>
 #include <QPushButton>
-#include <QTreeView>
 
 #include <cstdio>
 
@@ -57,7 +56,7 @@ protected:
         kavo::test::SheetRecord record;
         mainWindow().setSpreadsheet(kavo::test::recordingSpreadsheet(record));
         for (const char* entry : {"mnuWR", "mnuVic1", "mnuFiltNone", "mnuRefresh", "mnuExport"})
-            mainWindow().findChild<QAction*>(entry)->trigger();
+            mainWindow().findChild<QAction*>(QLatin1StringView(entry))->trigger();
         EXPECT_TRUE(waitUntil([] { return QGuiApplication::overrideCursor() == nullptr; }));
         EXPECT_FALSE(record.steps.empty());
     }

@@ -227,7 +227,7 @@ protected:
     FoldersInMemory()
     {
         constexpr const char* kMemory = "/dev/shm";
-        if (QFileInfo(kMemory).isWritable()) m_folder.emplace("TMPDIR", kMemory);
+        if (QFileInfo(QLatin1StringView(kMemory)).isWritable()) m_folder.emplace("TMPDIR", kMemory);
     }
 
 private:
@@ -340,7 +340,7 @@ struct Moment
     const char* name;
     PageServer::Answer answer;
     std::function<bool()> hasCome;
-    const char* scheme = "http://";
+    QString scheme = "http://";
 };
 
 TEST_F(HostileServer, WindowMayBeClosedAtAnyMomentAndLeavesEverythingAsItWas)

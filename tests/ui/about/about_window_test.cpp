@@ -22,7 +22,7 @@ namespace {
 using kavo::MessageIcon;
 using kavo::test::kPatience;
 
-constexpr const char* kSharedTools = "SOFTWARE\\Microsoft\\Shared Tools";
+constexpr QLatin1StringView kSharedTools("SOFTWARE\\Microsoft\\Shared Tools");
 
 class AboutWindows : public kavo::test::ProgramTest
 {
@@ -224,7 +224,7 @@ TEST_F(AboutWindows, SystemInformationIsLookedForInTheSecondFolderOnlyWhenItIsTh
 {
     // The registry's folder and the program's name are joined by a backslash, here part of a file's name.
     const QString inFolder = QString::fromStdString((folder / "tools").string());
-    desktop.registry[QString(kSharedTools) + " Location|MSINFO"] = inFolder;
+    desktop.registry[kSharedTools + " Location|MSINFO"] = inFolder;
     open<frmAbout>();
     prompts.expectMessage({"System Information Is Unavailable At This Time"});
     click(control<QPushButton>(*window, "cmdSysInfo"));

@@ -28,7 +28,7 @@ protected:
     void choose(const char* entry)
     {
         if (!program) startLoggedIn();
-        auto* action = mainWindow().findChild<QAction*>(entry);
+        auto* action = mainWindow().findChild<QAction*>(QLatin1StringView(entry));
         ASSERT_NE(action, nullptr) << entry;
         action->trigger();
     }

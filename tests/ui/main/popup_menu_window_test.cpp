@@ -53,7 +53,7 @@ TEST_F(PopupMenu, OpensWithShiftF10AtTheSelectedRowAndNotWithF10Alone)
     for (const QKeyCombination key : {QKeyCombination(Qt::Key_F10), Qt::CTRL | Qt::Key_F10, Qt::ALT | Qt::Key_F10,
                                       Qt::CTRL | Qt::SHIFT | Qt::Key_F10}) {
         QTest::keyClick(&list(), key.key(), key.keyboardModifiers());
-        EXPECT_FALSE(menu().isVisible()) << key;
+        EXPECT_FALSE(menu().isVisible()) << key.toCombined();
     }
     for (QWidget* receiver : {static_cast<QWidget*>(&list()), static_cast<QWidget*>(list().header())}) {
         QTest::keyClick(receiver, Qt::Key_F10, Qt::ShiftModifier);

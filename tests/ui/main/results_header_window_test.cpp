@@ -18,7 +18,7 @@ protected:
     void press(Qt::Key key) { QTest::keyClick(&headers(), key); }
 
     /// What Space asks in the chosen column.
-    void expectName(const char* title, const char* prompt, const char* offered)
+    void expectName(const QString& title, const QString& prompt, const QString& offered)
     {
         prompts.expectLine({title, prompt, offered}, std::nullopt);
     }

@@ -57,7 +57,7 @@ TEST_F(BugTimesWindow, NamesThePlayersAndShowsTheEntries)
         EXPECT_EQ(control<QGroupBox>(window, "Frame2").title(), "List of bug-times for Anna");
         EXPECT_EQ(texts(window, "List1"), QStringList({"07, 00:19:05", "01, 00:00:01"}));
         EXPECT_EQ(texts(window, "List2"), QStringList({"12, 00:41:30"}));
-        const std::pair<const char*, const char*> captions[] = {
+        const std::pair<const char*, QString> captions[] = {
             {"Command1", "Ad&d"},   {"Command2", "Remove"}, {"Command3", "Clear"}, {"Command4", "&Add"},
             {"Command5", "Remove"}, {"Command6", "Clear"},  {"Command7", "&Save"}, {"Command8", "Cancel"}};
         for (const auto& [name, text] : captions) EXPECT_EQ(button(window, name).text(), text);
@@ -90,7 +90,7 @@ TEST_F(BugTimesWindow, AddsWhatPassesTheLenientCheck)
     std::filesystem::remove(folder / kFile);
     look([this](const QWidget& window) {
         for (const char* good : {"53, 00:19:05", "07, 01:35:12", "53xx00:19:05", "99, 00:19:05", "-1,  1:+2: 3"}) {
-            prompts.expectLine(kQuestion, QString(good));
+            prompts.expectLine(kQuestion, QLatin1StringView(good));
             press(window, "Command1");
         }
         EXPECT_EQ(texts(window, "List1"),

@@ -16,11 +16,11 @@ namespace {
 TEST(Swatch, HasTheNameOfTheColourThatItLooksLikeMost)
 {
     Swatch swatch;
-    const std::pair<Colour, const char*> cases[] = {{rgb(255, 0, 0), "red"},
-                                                    {rgb(254, 2, 1), "red"},
-                                                    {rgb(255, 255, 255), "white"},
-                                                    {rgb(0, 0, 128), "navy"},
-                                                    {rgb(25, 190, 30), "limegreen"}};  // 50, 205, 50
+    const std::pair<Colour, QString> cases[] = {{rgb(255, 0, 0), "red"},
+                                                {rgb(254, 2, 1), "red"},
+                                                {rgb(255, 255, 255), "white"},
+                                                {rgb(0, 0, 128), "navy"},
+                                                {rgb(25, 190, 30), "limegreen"}};  // 50, 205, 50
     for (const auto& [colour, name] : cases) {
         paintSwatch(swatch, colour);
         EXPECT_EQ(swatch.colourName(), name);

@@ -3,6 +3,7 @@
 
 #include "tests/ui/settings/view_window_fixture.h"
 
+#include <QLineEdit>
 #include <QTreeView>
 
 namespace {

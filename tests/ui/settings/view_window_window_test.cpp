@@ -3,12 +3,9 @@
 
 #include "tests/ui/settings/view_window_fixture.h"
 
-#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QSpinBox>
 
 namespace {
 
@@ -25,22 +22,22 @@ using ViewWindow = kavo::test::ViewWindowTest;
 TEST_F(ViewWindow, HasItsCaptionsAndTooltips)
 {
     look([](const QWidget& window) {
-        const std::pair<const char*, const char*> frames[] = {
+        const std::pair<const char*, QString> frames[] = {
             {"Frame1", "Font size"}, {"Frame2", "Colors"}, {"Frame3", "Targets"}, {"Frame4", "Color-shemes"}};
         for (const auto& [name, title] : frames) EXPECT_EQ(control<QGroupBox>(window, name).title(), title);
-        const std::pair<const char*, const char*> labels[] = {{"Label1", "Background:"},
-                                                              {"Label2", "Frames' color:"},
-                                                              {"Label3", "Simple text:"},
-                                                              {"Label4", "Main window's text"},
-                                                              {"Label5", "WR"},
-                                                              {"Label6", "WC"},
-                                                              {"Label7", "Prof"},
-                                                              {"Label8", "Good"},
-                                                              {"Label9", "OK"}};
+        const std::pair<const char*, QString> labels[] = {{"Label1", "Background:"},
+                                                          {"Label2", "Frames' color:"},
+                                                          {"Label3", "Simple text:"},
+                                                          {"Label4", "Main window's text"},
+                                                          {"Label5", "WR"},
+                                                          {"Label6", "WC"},
+                                                          {"Label7", "Prof"},
+                                                          {"Label8", "Good"},
+                                                          {"Label9", "OK"}};
         for (const auto& [name, text] : labels) EXPECT_EQ(control<QLabel>(window, name).text(), text);
-        const std::pair<const char*, const char*> buttons[] = {{"Command1", "OK"},       {"Command2", "&Save"},
-                                                               {"Command3", "&Default"}, {"Command4", "Close"},
-                                                               {"Command5", "Set"},      {"Command6", "Save"}};
+        const std::pair<const char*, QString> buttons[] = {{"Command1", "OK"},       {"Command2", "&Save"},
+                                                           {"Command3", "&Default"}, {"Command4", "Close"},
+                                                           {"Command5", "Set"},      {"Command6", "Save"}};
         for (const auto& [name, text] : buttons) EXPECT_EQ(button(window, name).text(), text);
         EXPECT_EQ(control<QLineEdit>(window, "Text2").toolTip(),
                   "Input the name, you want to use to save color-sheme. Write it without \".ini\".");
@@ -216,7 +213,7 @@ TEST_F(ViewWindow, SchemeNameLeadsNowhereElse)
     look([this](const QWidget& window) {
         auto& name = control<QLineEdit>(window, "Text2");
         for (const char* bad : {"../stolen", "a\\b", ".", ".."}) {
-            name.setText(bad);
+            name.setText(QLatin1StringView(bad));
             expectError("Path not found");
             press(window, "Command6");
         }
@@ -271,7 +268,7 @@ TEST_F(ViewWindow, SavedSchemeIsTheChosenOneInTheList)
 TEST_F(ViewWindow, SwatchesSayWhatTheirColoursAreFor)
 {
     look([](const QWidget& window) {
-        const std::pair<const char*, const char*> tips[] = {
+        const std::pair<const char*, QString> tips[] = {
             {"lCol_0", "Background of all windows and of the results table"},
             {"lCol_1", "Titles of frames"},
             {"lCol_2", "Labels and option buttons"},
