@@ -7,9 +7,7 @@
 #include "insight/history_place.h"
 
 #include <chrono>
-#include <filesystem>
 #include <memory>
-#include <string>
 
 namespace kavo {
 

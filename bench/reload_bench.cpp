@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <ctime>
 #include <fstream>
-#include <string>
 #include <unistd.h>
 #include <vector>
 

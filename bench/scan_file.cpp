@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Kavo Timing contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/mman.h>

@@ -8,7 +8,6 @@
 #include "core/targets.h"
 #include "updater/records_page.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace kavo {

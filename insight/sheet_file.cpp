@@ -10,11 +10,9 @@
 #include "reports/spreadsheet_export.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstdlib>
 #include <tuple>
-#include <vector>
 
 namespace fs = std::filesystem;
 

@@ -9,7 +9,6 @@
 
 #include <cstdint>
 #include <ctime>
-#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <cstddef>
 #include <ctime>
 #include <optional>
 #include <string>

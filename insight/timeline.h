@@ -12,7 +12,6 @@
 #include <ctime>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 /// How the remembered results have changed from state to state.

@@ -10,7 +10,6 @@
 #include "forms/screen_text.h"
 
 #include <QPlainTextEdit>
-#include <QTextBlock>
 
 #include <algorithm>
 #include <cstdint>

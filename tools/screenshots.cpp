@@ -12,7 +12,6 @@
 #include <QPainter>
 
 #include <cstdio>
-#include <string_view>
 #include <vector>
 
 namespace {

@@ -6,10 +6,8 @@
 #include "forms/screen_text.h"
 
 #include <QApplication>
-#include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
-#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 

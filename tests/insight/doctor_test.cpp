@@ -11,8 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #ifndef _WIN32
 #include <sys/stat.h>
 #endif

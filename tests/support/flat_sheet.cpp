@@ -7,8 +7,6 @@
 #include "base/text_file.h"
 
 #include <array>
-#include <cstdlib>
-#include <stdexcept>
 
 namespace kavo::test {
 

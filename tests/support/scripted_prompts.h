@@ -8,7 +8,6 @@
 #include <queue>
 
 #include <functional>
-#include <string>
 
 namespace kavo::test {
 

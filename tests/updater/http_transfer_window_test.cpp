@@ -9,8 +9,6 @@
 #include <QNetworkProxy>
 #include <QSignalSpy>
 #include <QSslCertificate>
-#include <QTest>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <vector>

@@ -7,7 +7,6 @@
 #include "core/window_layout.h"
 #include "ui/main/column_widths.h"
 
-#include <string>
 #include <vector>
 
 class QTreeView;

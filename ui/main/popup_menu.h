@@ -9,7 +9,6 @@
 #include <QMenu>
 
 #include <optional>
-#include <string_view>
 #include <vector>
 
 class Form1;
