@@ -24,6 +24,13 @@ bool fits(const QSize& size, const QSize& room)
     return size.width() <= room.width() && size.height() <= room.height();
 }
 
+/// The designed size. Where there is none, the one that its contents ask for, of which the toolkit has cut off what is
+/// more than two thirds of the screen.
+QSize wantedSize(const QDialog& window)
+{
+    return window.testAttribute(Qt::WA_Resized) ? window.size() : window.size().expandedTo(window.sizeHint());
+}
+
 /// Moves everything in the window onto a surface that scrolls.
 void makeScrollable(QDialog& window)
 {
@@ -48,11 +55,16 @@ void makeScrollable(QDialog& window)
 
 }  // namespace
 
+QSize roomOn(const QScreen& screen)
+{
+    return screen.availableGeometry().size() - kWindowFrame;
+}
+
 void fitToScreen(QDialog& window)
 {
-    const QSize room = window.screen()->availableGeometry().size() - kWindowFrame;
+    const QSize room = roomOn(*window.screen());
     if (!fits(window.minimumSizeHint(), room)) makeScrollable(window);
-    window.resize(window.size().boundedTo(room));
+    window.resize(wantedSize(window).boundedTo(room));
 }
 
 bool isScrolledSurface(const QWidget& control)

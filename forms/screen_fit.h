@@ -4,9 +4,14 @@
 #pragma once
 
 class QDialog;
+class QScreen;
+class QSize;
 class QWidget;
 
 namespace kavo {
+
+/// Size of the largest window that has room on the screen, frame not included.
+[[nodiscard]] QSize roomOn(const QScreen& screen);
 
 /// Keeps a window that is about to be shown inside the free area of its screen. Its boxes and lists give
 /// way first; what is still too large for the screen scrolls.

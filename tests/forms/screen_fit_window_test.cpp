@@ -53,6 +53,19 @@ TEST(ScreenFit, LeavesAWindowThatFitsAsItIs)
     EXPECT_FALSE(scrolls(window));
 }
 
+TEST(ScreenFit, WindowWithoutADesignedSizeTakesTheRoomThatItAsksForWhereThereIsAny)
+{
+    Dialog window({50, 50});
+    const int asked = freeArea(window).width() * 3 / 4;  // more than the toolkit gives of a screen by itself
+    static_cast<QVBoxLayout*>(window.layout())->addItem(new QSpacerItem(asked, 0, QSizePolicy::Preferred));
+    window.adjustSize();
+    ASSERT_LT(window.width(), asked);
+    window.setAttribute(Qt::WA_Resized, false);  // as it is when a window is shown
+    fitToScreen(window);
+    EXPECT_EQ(window.width(), window.sizeHint().width());
+    EXPECT_FALSE(scrolls(window));
+}
+
 TEST(ScreenFit, LargeWindowShrinksWhileItsBoxesCan)
 {
     Dialog window({50, 50});

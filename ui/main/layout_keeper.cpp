@@ -6,6 +6,7 @@
 #include "base/file_name.h"
 #include "base/text_file.h"
 #include "core/session.h"
+#include "forms/screen_fit.h"
 #include "forms/twips.h"
 
 #include <QGuiApplication>
@@ -52,9 +53,11 @@ void LayoutKeeper::applyDesigned()
 /// As wide as the columns, and as high as the screen.
 void LayoutKeeper::showAllColumns()
 {
-    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    const int width = std::min(m_columns.total(), area.width());
-    m_window.resize(width, area.height());
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    const QRect area = screen.availableGeometry();
+    const QSize room = roomOn(screen);
+    const int width = std::min(m_columns.total(), room.width());
+    m_window.resize(width, room.height());
     m_window.move(area.left() + (area.width() - width) / 2, area.top());
 }
 

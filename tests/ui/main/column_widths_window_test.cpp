@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Kavo Timing contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "forms/screen_fit.h"
 #include "tests/support/window_fixture.h"
 
 #include <QHeaderView>
@@ -75,8 +76,8 @@ TEST_F(ColumnWidths, DesignedWindowShowsAllColumnsWhereTheScreenIsWideEnough)
 {
     std::filesystem::remove(folder / "Marek/view.dat");
     startWithFont(10);
-    const int screen = QGuiApplication::primaryScreen()->availableGeometry().width();
-    EXPECT_TRUE(list().header()->length() <= list().viewport()->width() || mainWindow().width() == screen);
+    const int room = kavo::roomOn(*QGuiApplication::primaryScreen()).width();
+    EXPECT_TRUE(list().header()->length() <= list().viewport()->width() || mainWindow().width() == room);
 }
 
 TEST_F(ColumnWidths, StoredOnesStayAndTheOthersFollowTheFont)

@@ -4,6 +4,7 @@
 #include "base/atomic_file.h"
 #include "tests/support/window_fixture.h"
 
+#include <QHeaderView>
 #include <QScreen>
 
 namespace {
@@ -56,6 +57,18 @@ TEST_F(WindowLayout, UserWithoutAFileGetsTheDesignedWidthAndTheUsualTopAndHeight
     EXPECT_EQ(mainWindow().pos().y(), 1);
     EXPECT_EQ(mainWindow().height(), finalHeight());
     EXPECT_GT(mainWindow().width(), 400);
+}
+
+TEST_F(WindowLayout, DesignedWindowFitsTheScreenWithItsFrame)
+{
+    folder.write("Marek/data.ini", "game/stats.txt\r\n 1 \r\n\r\n\r\n 40 \r\n");  // wider than any screen
+    startLoggedIn();
+    EXPECT_LT(list().viewport()->width(), list().header()->length());
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect frame = mainWindow().frameGeometry();
+    EXPECT_GT(frame.width(), mainWindow().width());
+    EXPECT_TRUE(frame.left() >= area.left() && frame.right() <= area.right())
+        << frame.left() << " to " << frame.right() << " on " << area.left() << " to " << area.right();
 }
 
 TEST_F(WindowLayout, TableFillsTheWindow)
