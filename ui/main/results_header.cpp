@@ -8,7 +8,10 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace kavo {
 
@@ -66,7 +69,19 @@ void ResultsHeader::choose(int section)
 {
     m_chosen = qBound(0, section, count() - 1);
     nameChosen();
+    showChosen();
     viewport()->update();
+}
+
+/// Scrolls the table, and the header with it, where the chosen column is not in view.
+void ResultsHeader::showChosen()
+{
+    auto* table = qobject_cast<QAbstractScrollArea*>(parentWidget());
+    if (table == nullptr) return;
+    const int left = sectionViewportPosition(m_chosen);
+    const int missing = left + sectionSize(m_chosen) - viewport()->width();
+    QScrollBar& bar = *table->horizontalScrollBar();
+    bar.setValue(bar.value() + std::min(left, std::max(missing, 0)));
 }
 
 /// The chosen header is what a screen reader is told of.
@@ -80,6 +95,7 @@ void ResultsHeader::focusInEvent(QFocusEvent* event)
 {
     QHeaderView::focusInEvent(event);
     nameChosen();
+    showChosen();
     viewport()->update();
 }
 

@@ -26,6 +26,7 @@ protected:
 private:
     void choose(int section);
     void nameChosen();
+    void showChosen();
     void showToolTip(const QHelpEvent& event);
     [[nodiscard]] bool isCut(int section) const;
     [[nodiscard]] QString text(int section, int role) const;

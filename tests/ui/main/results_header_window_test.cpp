@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QHeaderView>
+#include <QScrollBar>
 
 namespace {
 
@@ -61,6 +62,28 @@ TEST_F(ResultsHeader, SpacePressesTheColumnThatTheArrowKeysChoose)
     expectName("Change player name", "Input player name:", "Ann");
     press(Qt::Key_Space);
     EXPECT_TRUE(prompts.isDone());
+}
+
+TEST_F(ResultsHeader, ChosenColumnIsBroughtIntoView)
+{
+    startLoggedIn();
+    mainWindow().resize(list().columnWidth(0) + list().columnWidth(1), 300);
+    const auto isInView = [this](int column) {
+        const int left = headers().sectionViewportPosition(column);
+        return left >= 0 && left + headers().sectionSize(column) <= headers().viewport()->width();
+    };
+    ASSERT_FALSE(isInView(6));
+    for (int column = 1; column <= 6; ++column) press(Qt::Key_Right);
+    EXPECT_TRUE(isInView(6));
+    press(Qt::Key_Home);
+    EXPECT_TRUE(isInView(0));
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    list().horizontalScrollBar()->setValue(0);
+    ASSERT_FALSE(isInView(2));
+    QFocusEvent tab(QEvent::FocusIn, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(&headers(), &tab);
+    EXPECT_TRUE(isInView(2));
 }
 
 TEST_F(ResultsHeader, KeysOfTheTableWorkInItToo)
