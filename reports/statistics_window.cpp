@@ -85,11 +85,12 @@ void Form6::fitText()
     ui->Text1->setMinimumSize(stop + metrics.horizontalAdvance("0000000"), kLines * metrics.lineSpacing());
 }
 
-/// The bars stand at equal distances, however long the labels under them are.
+/// The bars stand at equal distances, however long the labels under them are, unless the screen is too narrow for that.
 void Form6::spreadBars()
 {
     const std::array labels = {ui->Label1, ui->Label2, ui->Label3, ui->Label4, ui->Label5, ui->Label6, ui->Label7};
     int widest = 0;
     for (const QLabel* label : labels) widest = std::max(widest, label->sizeHint().width());
-    for (int column = 0; column < kavo::kStatisticsBars; ++column) ui->barLayout->setColumnMinimumWidth(column, widest);
+    for (int column = 0; column < kavo::kStatisticsBars; ++column)
+        ui->barLayout->addItem(new QSpacerItem(widest, 0, QSizePolicy::Preferred, QSizePolicy::Minimum), 0, column);
 }

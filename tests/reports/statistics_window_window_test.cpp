@@ -103,6 +103,26 @@ TEST_F(StatisticsWindow, BarsAreVerticalWithOneUnitPerLevelAndShowTheirCountAsTo
     }
 }
 
+TEST_F(StatisticsWindow, BarsStandAtEqualDistancesAndCloserTogetherWhereRoomIsScarce)
+{
+    Form6 window(services, nullptr);
+    showAndWait(window);
+    const auto middle = [&window](int bar) {
+        const auto& label = control<QLabel>(window, QString("Label%1").arg(bar));
+        return label.geometry().center().x();
+    };
+    const int distance = middle(2) - middle(1);
+    for (int bar = 3; bar <= 7; ++bar) EXPECT_NEAR(middle(bar) - middle(bar - 1), distance, 1) << bar;
+    EXPECT_LT(window.minimumSizeHint().width(), window.sizeHint().width() * 3 / 4);
+    window.resize(window.minimumSizeHint());
+    QApplication::processEvents();
+    EXPECT_LT(middle(2) - middle(1), distance);
+    for (int bar = 1; bar <= 7; ++bar) {
+        const auto& label = control<QLabel>(window, QString("Label%1").arg(bar));
+        EXPECT_GE(label.width(), label.sizeHint().width()) << bar;
+    }
+}
+
 TEST_F(StatisticsWindow, WithoutResultsEverythingIsZero)
 {
     Form6 window(services, nullptr);
