@@ -39,7 +39,9 @@ Form2::Form2(const kavo::Services& services, QWidget* parent)
     ui->setupUi(this);
     m_designedPath = ui->Text1->text();
     ui->Combo1->setCurrentIndex(-1);  // no grade until one is chosen
-    ui->Combo1->lineEdit()->setPlaceholderText("choose a grade");
+    // Of the list, too, so that it counts for the list's width.
+    ui->Combo1->setPlaceholderText("choose a grade");
+    ui->Combo1->lineEdit()->setPlaceholderText(ui->Combo1->placeholderText());
     ui->Combo1->lineEdit()->setAccessibleName(ui->Combo1->accessibleName());
     ui->Text1->setFocus();
     wire();

@@ -85,12 +85,17 @@ TEST_F(OptionsSaving, FailedWriteIsToldOnceAndLosesNothing)
     EXPECT_FALSE(folder.has("Marek/1res.old"));
 }
 
+/// Pixels that a line keeps free around its text.
+constexpr int kCursorRoom = 6;
+
 TEST_F(OptionsSaving, GradeIsAskedForUntilOneIsChosen)
 {
     folder.write("Marek/data.ini", "game/stats.txt\r\n 3 \r\n\r\n\r\n");
     look([](const QWidget& window) {
         EXPECT_EQ(category(window).currentText(), "");
-        EXPECT_EQ(category(window).lineEdit()->placeholderText(), "choose a grade");
+        const QLineEdit& grade = *category(window).lineEdit();
+        EXPECT_EQ(grade.placeholderText(), "choose a grade");
+        EXPECT_GE(grade.width(), grade.fontMetrics().horizontalAdvance(grade.placeholderText()) + kCursorRoom);
         press(window, "Command3");
     });
     EXPECT_EQ(folder.read("Marek/data.ini"), "game/stats.txt\r\n 3 \r\n\r\n\r\n 8 \r\n");
