@@ -11,6 +11,7 @@
 #include "forms/event_guard.h"
 #include "forms/prompts.h"
 #include "forms/screen_text.h"
+#include "ui/about/title_font.h"
 #include "ui_about_window.h"
 
 #include <QFileInfo>
@@ -60,6 +61,7 @@ void frmAbout::wire()
 
 void frmAbout::Form_Load()
 {
+    kavo::followDesktopFont(*ui->lblTitle);
     ui->lblVersion->setText(toScreen(kavo::kVersionText));
     ui->cmdOK->setFocus();
     try {

@@ -7,6 +7,7 @@
 #include "core/version.h"
 #include "forms/screen_text.h"
 #include "ui/about/logo.h"
+#include "ui/about/title_font.h"
 #include "ui_splash_window.h"
 
 frmSplash::frmSplash() : QDialog(nullptr, Qt::SplashScreen), ui(std::make_unique<Ui::frmSplash>())
@@ -21,6 +22,7 @@ void frmSplash::Form_Load()
 {
     constexpr QSize kLogo(128, 128);
     ui->imgLogo->setPixmap(kavo::logo().pixmap(kLogo, devicePixelRatioF()));
+    kavo::followDesktopFont(*ui->lblProductName);
     ui->lblProductName->setText(kavo::toScreen(kavo::kApplicationTitle));
     ui->lblVersion->setText(kavo::toScreen(kavo::kVersionText));
 }

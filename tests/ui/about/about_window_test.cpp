@@ -328,6 +328,25 @@ TEST_F(AboutWindows, SplashShowsLogoTitleAndVersion)
     EXPECT_FALSE(control<QGroupBox>(*window, "Frame1").isHidden());
 }
 
+TEST_F(AboutWindows, TitlesStandOutInEveryFont)
+{
+    const QFont usual = QApplication::font();
+    for (const int points : {8, 12, 20, 30}) {
+        QFont font = usual;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        open<frmAbout>();
+        const auto isLarger = [this](const char* title, const char* text) {
+            return control<QLabel>(*window, title).sizeHint().height() >
+                   control<QLabel>(*window, text).sizeHint().height();
+        };
+        EXPECT_TRUE(isLarger("lblTitle", "lblVersion")) << points;
+        window = std::make_unique<frmSplash>();
+        EXPECT_TRUE(isLarger("lblProductName", "lblVersion")) << points;
+    }
+    QApplication::setFont(usual);
+}
+
 TEST_F(AboutWindows, SplashClosesByAKeyOrAClick)
 {
     window = std::make_unique<frmSplash>();
