@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "base/file_name.h"
+#include "base/run_time_error.h"
 #include "base/text_file.h"
 #include "cli/command_factories.h"
 #include "cli/grade_cell.h"
@@ -148,8 +149,10 @@ private:
         std::vector<std::filesystem::path> places;
         for (const std::string& place : m_places) places.push_back(locate(pathOf(place)));
         ResultsState targets;
-        // Without them everybody is a Beginner.
-        static_cast<void>(LoadTargets(context.programFolder(), targets));
+        if (!LoadTargets(context.programFolder(), targets)) {
+            const RunTimeError missing(Failure::FileNotFound, targetsFile(context.programFolder()));
+            context.messages.tell(missing.inFull() + ": every level is graded Beginner");
+        }
         return readClub(clubFiles(places), targets);
     }
 
@@ -157,6 +160,10 @@ private:
     {
         if (m_json) {
             writeJson(context, formatClubJson(reading));
+            return;
+        }
+        if (reading.part.players.empty()) {
+            context.messages.tell("No players: there is no statistics file of the game");
             return;
         }
         const ColourSet scheme = context.terminal.colours == Colours::None ? ColourSet{} : schemeOf(context);

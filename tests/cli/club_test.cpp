@@ -116,6 +116,30 @@ TEST_F(ClubCommand, NamesWhatItLeavesOut)
               Json::array({{{"file", path("league/notes.txt")}, {"reason", "Wrong file!"}}}));
 }
 
+TEST_F(ClubCommand, PrintsNothingWhereNobodyIs)
+{
+    folder.write("notes/notes.txt", "nothing of the kind");
+    std::filesystem::create_directory(folder / "empty");
+    const std::string nobody = "kavo-timing-cli: No players: there is no statistics file of the game\n";
+    const Outcome ofNotes = run({path("notes")});
+    EXPECT_EQ(ofNotes.status, 1);
+    EXPECT_EQ(ofNotes.out, "");
+    EXPECT_EQ(ofNotes.error, "kavo-timing-cli: Wrong file!: " + path("notes/notes.txt") + " is left out\n" + nobody);
+    const Outcome ofNothing = run({path("empty")});
+    EXPECT_EQ(ofNothing.status, 0);
+    EXPECT_EQ(ofNothing.out, "");
+    EXPECT_EQ(ofNothing.error, nobody);
+}
+
+TEST_F(ClubCommand, SaysWhyEverybodyIsABeginner)
+{
+    std::filesystem::remove(folder / "targets.txt");
+    const Outcome outcome = run({path("league/ann.txt")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: File not found: " + path("targets.txt") +
+                                 " (No such file or directory): every level is graded Beginner\n");
+}
+
 TEST_F(ClubCommand, JoinsPartsInAnyOrderAndGroupingToTheSameBytes)
 {
     folder.write("league/cat.txt", statisticsText({"00:10:00 Cat"}));
