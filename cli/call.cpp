@@ -64,6 +64,16 @@ std::vector<std::string_view> namesOfCommands()
     return names;
 }
 
+/// A command whose name goes on takes no arguments by itself: its second word may be a mistyped one.
+void refuseMistypedSecondWord(const std::string& first, const std::string& second)
+{
+    std::vector<std::string_view> names = namesOfCommands();
+    std::erase_if(names, [&first](std::string_view name) { return !name.starts_with(first + " "); });
+    const std::string typed = first + " " + second;
+    const std::string meant = didYouMean(typed, names, "");
+    if (!meant.empty()) throw UsageError("unknown command " + typed + meant);
+}
+
 }  // namespace
 
 Call findCall(std::vector<std::string> arguments, const std::vector<Option>& commonOptions)
@@ -73,8 +83,10 @@ Call findCall(std::vector<std::string> arguments, const std::vector<Option>& com
     const CommandInfo* command = nullptr;
     if (places.size() == kLongestName) command = findCommand(arguments[places[0]] + " " + arguments[places[1]]);
     if (command == nullptr) {
-        places.erase(places.begin() + 1, places.end());
         command = findCommand(arguments[places[0]]);
+        if (command != nullptr && places.size() == kLongestName)
+            refuseMistypedSecondWord(arguments[places[0]], arguments[places[1]]);
+        places.erase(places.begin() + 1, places.end());
     }
     if (command == nullptr) {
         const std::string& word = arguments[places[0]];

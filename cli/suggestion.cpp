@@ -36,7 +36,7 @@ std::size_t distance(std::string_view a, std::string_view b)
 /// How many errors a word of that length is forgiven.
 std::size_t forgiven(std::size_t length)
 {
-    return length <= 2 ? 1 : length <= 5 ? 2 : 3;
+    return length <= 3 ? 1 : length <= 5 ? 2 : 3;
 }
 
 /// An option's letters alone: its hyphens are no sign of likeness.

@@ -36,7 +36,7 @@ TEST(Suggestion, TakesTheBeginningOfALongerWord)
 
 TEST(Suggestion, KeepsQuietWhenNothingIsNear)
 {
-    for (const char* typed : {"", "x", "help", "frobnicate", "-", "--"})
+    for (const char* typed : {"", "x", "foo", "help", "frobnicate", "-", "--"})
         EXPECT_EQ(nearest(typed, kWords), Words{}) << typed;
     EXPECT_EQ(nearest(std::string(100'000, 's'), kWords), Words{});
 }
@@ -46,6 +46,7 @@ TEST(Suggestion, AsksInWords)
     EXPECT_EQ(didYouMean("shwo", kWords, "; no"), ", did you mean show?");
     EXPECT_EQ(didYouMean("export-", kWords, "; no"), ", did you mean export-text or export-html?");
     EXPECT_EQ(didYouMean("xyz", kWords, "; no"), "; no");
+    EXPECT_EQ(didYouMean("foo", {"OK", "Good"}, "; no"), "; no");
     EXPECT_EQ(didYouMean("bat", {"bar", "baz", "bag"}, ""), ", did you mean bar, baz or bag?");
 }
 
