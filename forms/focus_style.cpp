@@ -83,6 +83,31 @@ auto markDrawer(QStyle::PrimitiveElement element, const QWidget* widget) -> void
     return nullptr;
 }
 
+/// The styles draw the edge of a dark box darker still, which is nothing to be seen on a dark window.
+void drawEdgeOfDarkBox(QPainter& painter, const QStyleOption& option)
+{
+    constexpr int kDark = 128;
+    constexpr double kEdge = 0.5;  // of the text's colour
+    constexpr double kRounding = 2;
+    if (option.palette.color(QPalette::Base).lightness() >= kDark || option.state.testFlag(QStyle::State_HasFocus))
+        return;
+    QColor colour = option.palette.color(QPalette::Text);
+    colour.setAlphaF(kEdge);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), kRounding, kRounding);
+    painter.restore();
+}
+
+/// Whether a number or a text can be typed into the control.
+bool isTypedInto(const QStyleOptionComplex& option)
+{
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(&option);
+    return combo != nullptr ? combo->editable : qstyleoption_cast<const QStyleOptionSpinBox*>(&option) != nullptr;
+}
+
 /// Moves what is drawn to the next whole pixel of the screen. At 150 % a widget may begin in the midst of one, and a
 /// line along its left or upper edge would be drawn just outside of it.
 class OnWholePixels final
@@ -153,11 +178,20 @@ void FocusStyle::drawControl(ControlElement element, const QStyleOption* option,
     // The styles' line is thinner than the ring: what is left of it belongs to the box, not to the window.
     if (isBox(widget)) painter->fillRect(option->rect, option->palette.base());
     QProxyStyle::drawControl(element, option, painter, widget);
-    if (!isBox(widget) || !option->state.testFlag(State_HasFocus)) return;
+    if (!isBox(widget)) return;
+    drawEdgeOfDarkBox(*painter, *option);
+    if (!option->state.testFlag(State_HasFocus)) return;
     painter->setPen(
         QPen(option->palette.color(QPalette::Highlight), kRing, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     constexpr qreal kMiddle = kRing / 2.0;
     painter->drawRect(QRectF(option->rect).adjusted(kMiddle, kMiddle, -kMiddle, -kMiddle));
+}
+
+void FocusStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                    const QWidget* widget) const
+{
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (isTypedInto(*option)) drawEdgeOfDarkBox(*painter, *option);
 }
 
 void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -171,6 +205,7 @@ void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     }
     if (draw == nullptr) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element == PE_FrameLineEdit) drawEdgeOfDarkBox(*painter, *option);
         return;
     }
     painter->save();

@@ -4,14 +4,17 @@
 #include "core/colour_set.h"
 #include "forms/focus_style.h"
 #include "forms/window_painting.h"
+#include "tests/support/colour_vision.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QTest>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
@@ -192,6 +195,32 @@ TEST(FocusStyle, EveryEdgeOfABoxIsSeenAlsoWhereAPixelOfTheWindowIsNoneOfTheScree
                 EXPECT_EQ(edgesSeen(picture, box->geometry(), background), "top right bottom left ")
                     << box->metaObject()->className() << " at " << at << (isFocused ? " focused" : "");
             }
+}
+
+TEST(FocusStyle, DarkBoxesHaveAnEdgeOnADarkWindow)
+{
+    const QPalette usual = QApplication::palette();
+    QPalette dark(Qt::white, QColor(53, 53, 53));
+    dark.setColor(QPalette::Base, QColor(35, 35, 35));
+    dark.setColor(QPalette::Text, Qt::white);
+    QApplication::setPalette(dark);
+    ColourSet colours;
+    colours.ColBack = rgb(20, 24, 33);
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    layout->addWidget(new QPushButton(&window));  // has the focus
+    auto* combo = new QComboBox(&window);
+    combo->setEditable(true);
+    const std::vector<QWidget*> boxes = {new QListWidget(&window), new QPlainTextEdit(&window), new QLineEdit(&window),
+                                         new QSpinBox(&window), combo};
+    for (QWidget* box : boxes) layout->addWidget(box);
+    paintWindow(window, colours);
+    window.show();
+    constexpr double kSeen = 3;  // times as bright
+    for (QWidget* box : boxes)
+        EXPECT_GT(test::contrast(fromQColor(edgeOf(*box)), colours.ColBack), kSeen)
+            << box->metaObject()->className() << ' ' << qPrintable(edgeOf(*box).name());
+    QApplication::setPalette(usual);
 }
 
 TEST(FocusStyle, BetweenTheLineOfABoxAndItsInsideIsNothingOfTheWindow)
