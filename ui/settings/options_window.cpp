@@ -109,6 +109,9 @@ void Form2::showSettings()
     if (m_shown.compareMethod == static_cast<int>(CompareMethod::Targets)) ui->Option3->setChecked(true);
     ui->Text2->setText(toScreen(m_shown.otherPath));
     ui->Combo1->setEditText(toScreen(m_shown.category));
+    // Tab goes to the chosen method. The toolkit sees to that only once one of them has had the focus.
+    for (QRadioButton* option : {ui->Option1, ui->Option2, ui->Option3})
+        option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 kavo::Settings Form2::settingsOfControls() const

@@ -123,6 +123,21 @@ TEST_F(OptionsWindow, BrowseButtonsFillTheirBoxes)
     });
 }
 
+TEST_F(OptionsWindow, TabGoesToTheChosenMethod)
+{
+    folder.write("Marek/data.ini", "game/stats.txt\r\n 2 \r\n\r\n\r\n");
+    look([](QWidget& window) {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }, kPatience));
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        ASSERT_NE(window.focusWidget(), nullptr);
+        EXPECT_EQ(window.focusWidget()->objectName(), "Command5");
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(window.focusWidget()->objectName(), "Option2");
+    });
+}
+
 TEST_F(OptionsWindow, BrowsingStartsInTheHomeFolderUnlessTheBoxHoldsAPath)
 {
     folder.write("game/sub/other.txt", "");
