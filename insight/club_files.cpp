@@ -36,28 +36,32 @@ struct Share
     std::vector<UnreadableFile> unreadable;
 };
 
-UnreadableFile wrongFile(const fs::path& file)
+fs::path wholePath(const fs::path& file)
 {
     std::error_code error;  // the working folder may have been deleted
     const fs::path whole = fs::absolute(file, error);
-    const std::string reason(messages::kWrongFile);
-    return {textOf(file), reason, reason + ": " + textOf(error ? file : whole)};
+    return error ? file : whole;
 }
 
 void readInto(Share& share, const fs::path& file)
 {
     const std::string name = textOf(file);
+    const fs::path whole = wholePath(file);
+    const auto leaveOut = [&](const std::string& reason, const std::string& inFull) {
+        share.unreadable.push_back({name, reason, inFull});
+    };
     try {
-        if (!fileExists(file)) throw RunTimeError(Failure::FileNotFound, file);
-        const FileContent content = readContent(file);
+        if (!fileExists(whole)) throw RunTimeError(Failure::FileNotFound, whole);
+        const FileContent content = readContent(whole);
+        const std::string wrong(messages::kWrongFile);
         if (isStatisticsFile(content.view()))
             share.collector.add(content.view(), name);
         else
-            share.unreadable.push_back(wrongFile(file));
+            leaveOut(wrong, wrong + ": " + textOf(whole));
     } catch (const RunTimeError& error) {
-        share.unreadable.push_back({name, std::string(standardText(error.failure())), error.about(file).inFull()});
+        leaveOut(std::string(standardText(error.failure())), error.about(whole).inFull());
     } catch (const std::exception& error) {
-        share.unreadable.push_back({name, error.what(), std::string(error.what()) + ": " + name});
+        leaveOut(error.what(), std::string(error.what()) + ": " + textOf(whole));
     }
 }
 

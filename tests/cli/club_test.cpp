@@ -116,6 +116,15 @@ TEST_F(ClubCommand, NamesWhatItLeavesOut)
               Json::array({{{"file", path("league/notes.txt")}, {"reason", "Wrong file!"}}}));
 }
 
+TEST_F(ClubCommand, NamesTheWholePathOfWhatItLeavesOut)
+{
+    const std::filesystem::path missing = std::filesystem::proximate(folder / "nowhere.txt");
+    ASSERT_TRUE(missing.is_relative());
+    const std::string error = run({path("league/ann.txt"), missing.string()}).error;
+    EXPECT_EQ(error, "kavo-timing-cli: File not found: " + std::filesystem::absolute(missing).string() +
+                         " (No such file or directory) is left out\n");
+}
+
 TEST_F(ClubCommand, PrintsNothingWhereNobodyIs)
 {
     folder.write("notes/notes.txt", "nothing of the kind");
