@@ -71,6 +71,17 @@ void drawFocusMark(QPainter& painter, const QStyleOption& option)
     painter.drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
+/// Inside of a button. Its outline alone is that of the default button, too, which Enter presses from everywhere.
+void drawFocusOfButton(QPainter& painter, const QStyleOption& option, const QRect& place)
+{
+    painter.save();
+    painter.setPen(QPen(option.palette.color(QPalette::ButtonText), 1, Qt::DotLine));
+    painter.setBrush(Qt::NoBrush);
+    constexpr double kInside = 1.5;  // of the outline
+    painter.drawRect(QRectF(place).adjusted(kInside, kInside, -kInside, -kInside));
+    painter.restore();
+}
+
 /// What draws a mark, where that is not left to the desktop's style.
 auto markDrawer(QStyle::PrimitiveElement element, const QWidget* widget) -> void (*)(QPainter&, const QStyleOption&)
 {
@@ -172,6 +183,8 @@ void FocusStyle::drawControl(ControlElement element, const QStyleOption* option,
 {
     if (element != CE_ShapedFrame) {
         QProxyStyle::drawControl(element, option, painter, widget);
+        if (element == CE_PushButton && option->state.testFlag(State_HasFocus))
+            drawFocusOfButton(*painter, *option, subElementRect(SE_PushButtonFocusRect, option, widget));
         return;
     }
     const OnWholePixels whole(*painter, option->rect.topLeft());

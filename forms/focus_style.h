@@ -7,7 +7,7 @@
 
 namespace kavo {
 
-/// The desktop's style, with what it leaves to chance on windows in colours of their own: boxes of several
+/// The desktop's style, with what it leaves to chance on windows in colours of their own: buttons, boxes of several
 /// lines and lists show that they have the focus, dark boxes keep an edge on a dark window, and the marks of option
 /// buttons and check boxes are drawn in the colours of the text beside them.
 class FocusStyle final : public QProxyStyle

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -124,6 +125,33 @@ TEST(FocusStyle, FocusOfAnOptionIsDrawnInTheColourOfItsText)
     const int without = standingOut(option->grab().toImage(), toQColor(colours.ColBack));
     option->setFocus(Qt::TabFocusReason);
     EXPECT_GT(standingOut(option->grab().toImage(), toQColor(colours.ColBack)), without + 5);
+}
+
+TEST(FocusStyle, ButtonWithTheFocusIsToldFromTheOneThatEnterPresses)
+{
+    QDialog window;
+    auto* layout = new QVBoxLayout(&window);
+    auto* pressed = new QPushButton(" ", &window);
+    auto* other = new QPushButton(" ", &window);
+    pressed->setDefault(true);
+    other->setAutoDefault(false);
+    layout->addWidget(pressed);
+    layout->addWidget(other);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }));
+    const auto marks = [](QPushButton& button) {
+        constexpr int kBorder = 3;
+        const QImage inside =
+            button.grab().toImage().copy(button.rect().adjusted(kBorder, kBorder, -kBorder, -kBorder));
+        return standingOut(inside, button.palette().color(QPalette::Button));
+    };
+    other->setFocus();
+    EXPECT_EQ(marks(*pressed), 0);
+    EXPECT_GT(marks(*other), 20);
+    pressed->setFocus();
+    EXPECT_GT(marks(*pressed), 20);
+    EXPECT_EQ(marks(*other), 0);
 }
 
 TEST(FocusStyle, MarkOfACheckBoxShowsWhetherItIsChecked)
