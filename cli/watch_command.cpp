@@ -31,7 +31,7 @@ using std::chrono::milliseconds;
 constexpr double kDefaultInterval = 1;  // second
 constexpr double kShortestInterval = 0.1;
 constexpr double kLongestInterval = 3600;
-constexpr milliseconds kPatience{10'000};  // of a single look with a file that is being written
+constexpr milliseconds kPatience{10'000};  // with a file that is being written
 
 struct WatchOptions
 {
@@ -72,7 +72,7 @@ public:
             const milliseconds now = waiting->now();
             look(now);
             if (m_options.isOnce && m_settling.content()) return isRenderDue() ? kEndedEarly : kDone;
-            if (m_options.isOnce) checkPatience(now - start);
+            checkPatience(now - start);
             const milliseconds pause =
                 m_settling.isMoving(now) ? std::min(m_options.interval, kSettlingTime) : m_options.interval;
             if (!waiting->waitFor(m_options.isOnce ? std::min(pause, kSettlingTime) : pause)) return kDone;
@@ -100,12 +100,17 @@ private:
         if (isWholeStatisticsFile(text)) static_cast<void>(m_improvements.take(text, {}));
     }
 
-    void checkPatience(milliseconds waited) const
+    /// A single look ends where there is nothing to be seen; who follows the game is told why nothing happens.
+    void checkPatience(milliseconds waited)
     {
-        if (!fileExists(m_file)) throw RunTimeError(Failure::FileNotFound, m_file);
-        if (waited >= kPatience)
-            throw CommandError(textOf(m_file) +
-                               " is not whole, or still being written: kavo-timing-cli doctor tells more");
+        if (m_settling.content()) return;
+        const bool isThere = fileExists(m_file);
+        if (m_options.isOnce && !isThere) throw RunTimeError(Failure::FileNotFound, m_file);
+        if (!isThere || waited < kPatience) return;
+        const std::string reason =
+            textOf(m_file) + " is not whole, or still being written: kavo-timing-cli doctor tells more";
+        if (m_options.isOnce) throw CommandError(reason);
+        tellOnce(reason);
     }
 
     void look(milliseconds now)

@@ -148,6 +148,21 @@ TEST_F(WatchCommand, WaitsForAFileThatIsNotThereOrNotWhole)
     EXPECT_EQ(statesRemembered(), 2);
 }
 
+TEST_F(WatchCommand, SaysOnceWhyNothingHappens)
+{
+    folder.write("stats.txt", "a picture, say");
+    writeAt(60'000ms, kFirst);
+    writeAt(90'000ms, kSecond);
+    const Outcome outcome = watch(120s);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: " + (folder / "stats.txt").string() +
+                                 " is not whole, or still being written: kavo-timing-cli doctor tells more\n");
+    EXPECT_EQ(outcome.out, kFirstLine);
+    folder.write("stats.txt", kFirst.substr(0, 400));
+    writeAt(5000ms, kFirst);
+    EXPECT_EQ(watch(30s).error, "");
+}
+
 TEST_F(WatchCommand, TakesAFileThatIsReplacedUnderOtherCapitalLetters)
 {
     at(5s, [this] {
