@@ -242,6 +242,16 @@ private:
             "open Settings (F2) and choose the game's stats.txt");
     }
 
+    /// A copy that the program has made, whatever the file was: nothing in it is mended by hand.
+    static Findings checkPreviousResults(std::string_view text)
+    {
+        Findings findings = checkStatistics(text, StatisticsUse::PreviousResults);
+        for (Finding& finding : findings)
+            if (finding.severity == Severity::Error)
+                finding.advice = "press Clear and then Save in Settings (F2), which keeps today's results in its place";
+        return findings;
+    }
+
     void lookAtSecondFile(const fs::path& folder, const Session& session)
     {
         const CompareMethod method = methodOfPath(session.CompPath);
@@ -251,7 +261,7 @@ private:
         const auto content = lookInto(file, FileUse::Read, nullptr);
         if (content)
             add(file,
-                checkStatistics(*content, isPrevious ? StatisticsUse::PreviousResults : StatisticsUse::SecondFile));
+                isPrevious ? checkPreviousResults(*content) : checkStatistics(*content, StatisticsUse::SecondFile));
         if (isThere(file)) return;
         add(settingsFile(folder), Severity::Warning,
             "the file compared with, " + textOf(file) +

@@ -251,6 +251,17 @@ TEST_F(Doctor, FindsThatTheSecondFileIsMissing)
               "the totals row are missing");
 }
 
+TEST_F(Doctor, PreviousResultsOfAWrongFileAreMadeAnew)
+{
+    setUp("bob", 1);
+    folder.write("bob/1res.old", "a picture that was chosen first");
+    const Findings findings = examine(folder.path());
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings.front().file.filename(), "1res.old");
+    EXPECT_EQ(findings.front().advice,
+              "press Clear and then Save in Settings (F2), which keeps today's results in its place");
+}
+
 TEST_F(Doctor, FindsFaultsInTheStatisticsOfBothPlayers)
 {
     folder.write("stats.txt", replaceAll(statisticsText(), "\r\n", "\n"));
