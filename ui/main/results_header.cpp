@@ -105,6 +105,16 @@ void ResultsHeader::focusOutEvent(QFocusEvent* event)
     viewport()->update();
 }
 
+/// Texts that are too long end in dots. By itself the toolkit measures them against the whole header.
+void ResultsHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const
+{
+    QHeaderView::initStyleOptionForIndex(option, section);
+    const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, option, this);
+    const int icon = option->icon.isNull() ? 0 : style()->pixelMetric(QStyle::PM_SmallIconSize, option, this) + margin;
+    const int room = sectionSize(section) - 2 * margin - icon;
+    option->text = option->fontMetrics.elidedText(option->text, Qt::ElideRight, room);
+}
+
 void ResultsHeader::paintSection(QPainter* painter, const QRect& rect, int section) const
 {
     painter->save();

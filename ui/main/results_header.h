@@ -22,6 +22,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
 
 private:
     void choose(int section);

@@ -109,8 +109,34 @@ TEST_F(ResultsHeader, TellsAScreenReaderTheChosenColumn)
 
 TEST_F(ResultsHeader, CutsLongTextsWithDots)
 {
+    folder.write("Marek/names.dat", std::string(300, 'M') + "\r\nBob\r\nDuo\r\n");
     startLoggedIn();
-    EXPECT_EQ(headers().textElideMode(), Qt::ElideRight);
+    for (const int width : {60, 150}) {
+        list().setColumnWidth(1, width);
+        const int left = headers().sectionViewportPosition(1);
+        const QImage picture = headers().viewport()->grab().toImage();
+        // An M reaches from the top of the line to its foot, dots lie on the ground.
+        const auto isInkAbove = [&](int from, int to) {
+            for (int x = from; x < to; ++x)
+                for (int y = 3; y < picture.height() / 2; ++y)
+                    if (qGray(picture.pixel(x, y)) < 128) return true;
+            return false;
+        };
+        EXPECT_TRUE(isInkAbove(left + 4, left + 20)) << width;
+        EXPECT_FALSE(isInkAbove(left + width - 11, left + width - 3)) << width;
+    }
+}
+
+TEST_F(ResultsHeader, CutsATextBesideTheMarkOfAFilterWithDots)
+{
+    folder.write("Marek/names.dat", std::string(300, 'M') + "\r\nBob\r\nDuo\r\n");
+    startLoggedIn();
+    mainWindow().findChild<QAction*>("mnuProf")->trigger();
+    list().setColumnWidth(1, 90);
+    const int right = headers().sectionViewportPosition(1) + 90;
+    const QImage picture = headers().viewport()->grab().toImage();
+    for (int x = right - 11; x < right - 3; ++x)
+        for (int y = 3; y < picture.height() / 2; ++y) EXPECT_GE(qGray(picture.pixel(x, y)), 128) << x << ' ' << y;
 }
 
 }  // namespace
