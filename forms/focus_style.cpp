@@ -112,6 +112,12 @@ void drawEdgeOfDarkBox(QPainter& painter, const QStyleOption& option)
     painter.restore();
 }
 
+/// A text as far as there is room for it; dots stand for the rest.
+QString fitting(const QStyleOption& option, const QString& text, int room)
+{
+    return option.fontMetrics.elidedText(text, Qt::ElideRight, room, Qt::TextShowMnemonic);
+}
+
 /// Whether a number or a text can be typed into the control.
 bool isTypedInto(const QStyleOptionComplex& option)
 {
@@ -181,6 +187,13 @@ int FocusStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
 void FocusStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                              const QWidget* widget) const
 {
+    const auto* label = element == CE_RadioButtonLabel ? qstyleoption_cast<const QStyleOptionButton*>(option) : nullptr;
+    if (label != nullptr && widget != nullptr && widget->width() < widget->sizeHint().width()) {
+        QStyleOptionButton cut(*label);
+        cut.text = fitting(cut, cut.text, cut.rect.width());
+        QProxyStyle::drawControl(element, &cut, painter, widget);
+        return;
+    }
     if (element != CE_ShapedFrame) {
         QProxyStyle::drawControl(element, option, painter, widget);
         if (element == CE_PushButton && option->state.testFlag(State_HasFocus))
@@ -203,6 +216,13 @@ void FocusStyle::drawControl(ControlElement element, const QStyleOption* option,
 void FocusStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                     const QWidget* widget) const
 {
+    const auto* frame = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+    if (frame != nullptr && frame->fontMetrics.size(Qt::TextShowMnemonic, frame->text).width() > frame->rect.width()) {
+        QStyleOptionGroupBox cut(*frame);
+        cut.text = fitting(cut, cut.text, cut.rect.width());
+        QProxyStyle::drawComplexControl(control, &cut, painter, widget);
+        return;
+    }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if (isTypedInto(*option)) drawEdgeOfDarkBox(*painter, *option);
 }

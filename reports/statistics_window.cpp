@@ -39,6 +39,7 @@ void Form6::Form_Load()
     ui->Option1->setText(kavo::captionToScreen(session().state.Player1Name));
     ui->Option2->setText(kavo::captionToScreen(session().state.Player2Name));
     ui->Option3->setText(kavo::captionToScreen(session().state.TeamName));
+    allowToCutNames();
     applyColours();
 }
 
@@ -73,6 +74,15 @@ void Form6::show(Side side)
         numbers.at(i)->setText(number);
     }
     ui->Text1->setPlainText(kavo::toScreen(kavo::statisticsText(session().state, side)));
+}
+
+/// A long name must not make the window wider than the screen.
+void Form6::allowToCutNames()
+{
+    constexpr int kShortest = 20;  // average characters
+    for (QRadioButton* option : {ui->Option1, ui->Option2, ui->Option3})
+        option->setMinimumWidth(
+            std::min(option->sizeHint().width(), kShortest * option->fontMetrics().averageCharWidth()));
 }
 
 /// The first TAB stop lies behind the longest label, so that the numbers stand in one column.

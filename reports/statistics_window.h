@@ -39,6 +39,7 @@ private:
     void show(kavo::Side side);
     void fitText();
     void spreadBars();
+    void allowToCutNames();
 
     std::unique_ptr<Ui::Form6> ui;
 };

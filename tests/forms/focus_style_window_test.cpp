@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -152,6 +153,29 @@ TEST(FocusStyle, ButtonWithTheFocusIsToldFromTheOneThatEnterPresses)
     pressed->setFocus();
     EXPECT_GT(marks(*pressed), 20);
     EXPECT_EQ(marks(*other), 0);
+}
+
+/// Whether something is drawn in the upper half of a line, where dots are not.
+bool isInkAbove(const QImage& line, int from, int to)
+{
+    for (int x = from; x < to; ++x)
+        for (int y = 2; y < line.height() / 2; ++y)
+            if (qGray(line.pixel(x, y)) < 128) return true;
+    return false;
+}
+
+TEST(FocusStyle, OptionsAndTitlesThatAreTooNarrowEndInDots)
+{
+    QRadioButton option(QString(60, 'M'));
+    QGroupBox frame(QString(60, 'M'));
+    for (QWidget* widget : {static_cast<QWidget*>(&option), static_cast<QWidget*>(&frame)}) {
+        widget->resize(200, widget->minimumSizeHint().height());
+        const QImage line = widget->grab().toImage().copy(0, 0, 200, widget->fontMetrics().height());
+        EXPECT_TRUE(isInkAbove(line, 30, 60)) << widget->metaObject()->className();
+        EXPECT_FALSE(isInkAbove(line, 192, 200)) << widget->metaObject()->className();
+    }
+    const QImage whole = QRadioButton("MMM").grab().toImage();
+    EXPECT_TRUE(isInkAbove(whole, whole.width() - 8, whole.width()));
 }
 
 TEST(FocusStyle, MarkOfACheckBoxShowsWhetherItIsChecked)

@@ -4,7 +4,10 @@
 #include "forms/screen_text.h"
 #include "tests/support/window_fixture.h"
 
+#include <QGroupBox>
 #include <QHeaderView>
+#include <QRadioButton>
+#include <QScrollArea>
 
 /// Texts that no screen has room for: what is shown is cut, what is written stays whole.
 namespace {
@@ -55,6 +58,25 @@ TEST_F(LongTexts, DoNotKeepAnyWindowFromOpening)
     startLoggedIn();
     for (const auto& row : kavo::test::allWindows())
         EXPECT_TRUE(withWindow(mainWindow(), row, [](QWidget& window) { window.grab(); })) << row.className;
+}
+
+TEST_F(LongTexts, WindowsWithNamesNeedNotBeScrolled)
+{
+    const std::string name(60, 'M');
+    folder.write("Marek/names.dat", name + "\r\n" + name + "\r\n" + name + "\r\n");
+    startLoggedIn();
+    for (const char* className : {"Form6", "Form8"})
+        for (const auto& row : kavo::test::allWindows()) {
+            if (std::string_view(row.className) != className) continue;
+            EXPECT_TRUE(withWindow(mainWindow(), row, [className](const QWidget& window) {
+                EXPECT_EQ(window.findChild<QScrollArea*>(), nullptr) << className;
+                const QString caption = window.findChild<QGroupBox*>("Frame1")->title() +
+                                        (window.findChild<QRadioButton*>("Option1") != nullptr
+                                             ? window.findChild<QRadioButton*>("Option1")->text()
+                                             : QString());
+                EXPECT_TRUE(caption.endsWith(QString(60, 'M'))) << className;
+            }));
+        }
 }
 
 TEST_F(LongTexts, StayWholeInTheirFile)

@@ -51,6 +51,16 @@ QString captionFor(const std::string& player)
     return "List of bug-times for " + kavo::captionToScreen(player);
 }
 
+/// The title asks for room of its own, but a long name must not make the window wider than the screen.
+void allowToCut(QGroupBox& frame, QGridLayout& lists)
+{
+    const QMargins margins = lists.contentsMargins();
+    const int title = frame.minimumSizeHint().width() - margins.left() - margins.right();
+    lists.addItem(new QSpacerItem(title, 0, QSizePolicy::Preferred, QSizePolicy::Minimum), 0, 0, 1,
+                  lists.columnCount());
+    frame.setMinimumWidth(lists.minimumSize().width());
+}
+
 }  // namespace
 
 Form8::Form8(const kavo::Services& services, QWidget* parent)
@@ -82,6 +92,8 @@ void Form8::Form_Load()
 {
     ui->Frame1->setTitle(captionFor(session().state.Player1Name));
     ui->Frame2->setTitle(captionFor(session().state.Player2Name));
+    allowToCut(*ui->Frame1, *ui->listLayout1);
+    allowToCut(*ui->Frame2, *ui->listLayout2);
     applyColours();
     const kavo::BugTimeEntries entries = kavo::readBugTimes(currentUserFolder());
     for (const std::string& entry : entries.player1) append(*ui->List1, entry);
