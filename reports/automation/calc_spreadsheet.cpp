@@ -85,8 +85,8 @@ void CalcSpreadsheet::writeTyped(const SheetDraft& draft) const
 void CalcSpreadsheet::writeMarks(const SheetDraft& draft) const
 {
     for (const SheetDraft::MarkedCells& marked : draft.markedCells())
-        for (const std::string& address : marked.ranges) {
-            const AutomationObject cells = range(address);
+        for (const CellRange& place : marked.ranges) {
+            const AutomationObject cells = range(rangeAddress(place));
             if (marked.font.colour) setProperty(cells, "CharColor", AutomationValue(officeColour(*marked.font.colour)));
             if (marked.font.bold)
                 setProperty(cells, "CharWeight", AutomationValue(*marked.font.bold ? kBold : kNormal));

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "reports/automation/automation_object.h"
-#include "reports/automation/sheet_draft.h"
+#include "reports/sheet_draft.h"
 
 #include <string>
 

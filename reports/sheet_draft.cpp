@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 Kavo Timing contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "reports/automation/sheet_draft.h"
+#include "reports/sheet_draft.h"
 
 #include <algorithm>
 #include <optional>
+#include <stdexcept>
 
 namespace kavo {
 
@@ -20,21 +21,33 @@ struct EntryOf
 /// Rows from above, by column.
 using Rows = std::map<int, std::vector<int>>;
 
-std::string rangeAddress(int column, int first, int last)
+/// Cells that follow one another in a column are one range.
+std::vector<CellRange> rangesOf(const Rows& rowsByColumn)
 {
-    std::string address = cellAddress(first, column);
-    return first == last ? address : address.append(":").append(cellAddress(last, column));
-}
-
-std::vector<std::string> rangesOf(const Rows& rowsByColumn)
-{
-    std::vector<std::string> ranges;
+    std::vector<CellRange> ranges;
     for (const auto& [column, rows] : rowsByColumn)
         for (std::size_t first = 0, next = 0; first < rows.size(); first = next) {
             while (next < rows.size() && rows[next] - rows[first] == static_cast<int>(next - first)) ++next;
-            ranges.push_back(rangeAddress(column, rows[first], rows[next - 1]));
+            ranges.push_back({rows[first], column, rows[next - 1], column});
         }
     return ranges;
+}
+
+/// Ranges with the same rows in columns that follow one another become one.
+std::vector<CellRange> joinedColumns(const std::vector<CellRange>& ranges)
+{
+    std::vector<CellRange> joined;
+    for (const CellRange& range : ranges) {
+        const auto left = std::find_if(joined.begin(), joined.end(), [&range](const CellRange& known) {
+            return known.lastColumn + 1 == range.firstColumn && known.firstRow == range.firstRow &&
+                   known.lastRow == range.lastRow;
+        });
+        if (left != joined.end())
+            left->lastColumn = range.lastColumn;
+        else
+            joined.push_back(range);
+    }
+    return joined;
 }
 
 }  // namespace
@@ -62,6 +75,21 @@ std::vector<SheetDraft::MarkedCells> SheetDraft::markedCells() const
     return marked;
 }
 
+std::vector<CellRange> SheetDraft::filledRanges() const
+{
+    Rows rows;
+    for (const auto& [place, entry] : m_entries) rows[place.second].push_back(place.first);
+    return joinedColumns(rangesOf(rows));
+}
+
+std::vector<CellRange> SheetDraft::typedRanges() const
+{
+    Rows rows;
+    for (const auto& [place, entry] : m_entries)
+        if (entry.isTyped) rows[place.second].push_back(place.first);
+    return rangesOf(rows);
+}
+
 SheetDraft::Place SheetDraft::size() const
 {
     Place size{0, 0};
@@ -72,8 +100,14 @@ SheetDraft::Place SheetDraft::size() const
 
 void DraftedSpreadsheet::autoFitColumns(int first, int last)
 {
-    writeSheet(m_draft);
+    writeSheet(draft());
     fitColumns(first, last);
+}
+
+SheetDraft& DraftedSpreadsheet::draft()
+{
+    if (m_stop.stop_requested()) throw std::runtime_error("the spreadsheet is no longer wanted");
+    return m_draft;
 }
 
 std::string cellAddress(int row, int column)
@@ -81,15 +115,24 @@ std::string cellAddress(int row, int column)
     return std::string(1, static_cast<char>('A' + column - 1)) + std::to_string(row);
 }
 
-std::vector<std::string> listsOf(const std::vector<std::string>& ranges)
+std::string rangeAddress(const CellRange& range)
+{
+    std::string address = cellAddress(range.firstRow, range.firstColumn);
+    const std::string last = cellAddress(range.lastRow, range.lastColumn);
+    return address == last ? address : address.append(":").append(last);
+}
+
+std::vector<std::string> listsOf(const std::vector<CellRange>& ranges)
 {
     constexpr std::size_t kLongestList = 255;
     std::vector<std::string> lists;
-    for (const std::string& range : ranges)
-        if (!lists.empty() && lists.back().size() + 1 + range.size() <= kLongestList)
-            lists.back().append(",").append(range);
+    for (const CellRange& range : ranges) {
+        const std::string address = rangeAddress(range);
+        if (!lists.empty() && lists.back().size() + 1 + address.size() <= kLongestList)
+            lists.back().append(",").append(address);
         else
-            lists.push_back(range);
+            lists.push_back(address);
+    }
     return lists;
 }
 
