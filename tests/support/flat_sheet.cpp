@@ -114,7 +114,7 @@ private:
         if (m_sheet.sheets != 1) return;
         if (tag.name == "table:table-column") takeColumn(attributes);
         if (tag.name == "table:table-row") startRow(attributes);
-        if (tag.name == "/table:table-row") m_row += m_rowRepeated - 1;
+        if (tag.name == "/table:table-row") endRow();
         if (tag.name == "table:table-cell") takeCell(attributes);
         if (tag.name == "/text:p") m_sheet.cells[{m_row, m_column}].text += tag.textBefore;
     }
@@ -140,6 +140,13 @@ private:
         m_column = 0;
         m_rowRepeated = repeated(attributes, "table:number-rows-repeated");
         m_rowStyle = valueOf(attributes, "table:default-cell-style-name");
+    }
+
+    void endRow()
+    {
+        const int written = m_row;
+        m_row += m_rowRepeated - 1;
+        m_sheet.writtenRows[m_row] = written;
     }
 
     /// A cell without a style of its own has its row's, and without that its column's.
@@ -169,7 +176,9 @@ private:
 
 ShownCell FlatSheet::cell(int row, int column) const
 {
-    const auto found = cells.find({row, column});
+    const auto written = writtenRows.lower_bound(row);
+    if (written == writtenRows.end() || written->second > row) return {};
+    const auto found = cells.find({written->second, column});
     return found != cells.end() ? found->second : ShownCell{};
 }
 

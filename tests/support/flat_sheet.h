@@ -25,6 +25,7 @@ struct ShownCell
 struct FlatSheet
 {
     std::map<std::pair<int, int>, ShownCell> cells;  ///< by row and column, from 1
+    std::map<int, int> writtenRows;                  ///< the first of rows that are written as one, by the last
     std::map<int, double> columnWidths;              ///< in centimetres
     int sheets = 0;
 
