@@ -10,8 +10,7 @@
 #include <chrono>
 #include <cstdio>
 
-/// Measures how long an export takes once the office has answered (at most a second is what we want),
-/// and beside it how long the office takes to start.
+/// Measures how long an export takes once the office has answered, and beside it how long the office takes to start.
 namespace {
 
 using namespace kavo;

@@ -4,20 +4,20 @@
 #pragma once
 
 #include "reports/libreoffice/office_connection.h"
-#include "reports/spreadsheet.h"
+#include "reports/sheet_draft.h"
 
-#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <com/sun/star/sheet/XSheetCellRangeContainer.hpp>
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 
-#include <map>
-#include <utility>
+#include <vector>
 
 namespace kavo {
 
 /// LibreOffice Calc, driven through its component model. Failures in the office are reported as
 /// std::runtime_error.
-class LibreOfficeSpreadsheet : public Spreadsheet
+class LibreOfficeSpreadsheet : public DraftedSpreadsheet
 {
 public:
     LibreOfficeSpreadsheet(const OfficeChoice& choice, const std::stop_token& stop);
@@ -26,9 +26,6 @@ public:
     void makeVisible() override { m_isVisible = true; }
     void setSheetsInNewWorkbook(int count) override { m_sheetsInNewWorkbook = count; }
     void addWorkbook() override;
-    void setCellValue(int row, int column, const CellValue& value) override;
-    void setCellFont(int row, int column, const CellFont& font) override;
-    void autoFitColumns(int first, int last) override;
 
 protected:
     [[nodiscard]] OfficeConnection& connection() { return m_connection; }
@@ -36,15 +33,23 @@ protected:
 
 private:
     void keepSheets(int count);
-    [[nodiscard]] css::uno::Reference<css::beans::XPropertySet>& cell(int row, int column);
+    void writeSheet(const SheetDraft& draft) override;
+    void fitColumns(int first, int last) override;
+
+    [[nodiscard]] css::uno::Reference<css::table::XCellRange> rectangle(const CellRange& range) const;
+    [[nodiscard]] css::uno::Reference<css::sheet::XSheetCellRangeContainer> cells(
+        const std::vector<CellRange>& ranges) const;
+    void writeEntries(const SheetDraft& draft) const;
+    void readTyped(const SheetDraft& draft) const;
+    void showAtCursor(const SheetDraft& draft) const;
+    void writeMarks(const SheetDraft& draft) const;
 
     OfficeConnection m_connection;
     bool m_isVisible = false;
     int m_sheetsInNewWorkbook = 0;  ///< 0: as many as the user's settings say
     css::uno::Reference<css::frame::XModel> m_workbook;
+    css::uno::Reference<css::lang::XMultiServiceFactory> m_services;  ///< of the workbook
     css::uno::Reference<css::sheet::XSpreadsheet> m_sheet;
-    /// Cells used so far, by row and column: asking the office for one takes as long as setting it.
-    std::map<std::pair<int, int>, css::uno::Reference<css::beans::XPropertySet>> m_cells;
 };
 
 }  // namespace kavo

@@ -129,6 +129,38 @@ TEST_F(LibreOfficeStop, LeavesAnOfficeWithAWorkbookToTheUser)
     EXPECT_NO_THROW(sheet->addWorkbook());
 }
 
+TEST_F(LibreOfficeStop, EndsTheWritingOfASheet)
+{
+    auto sheet = office();
+    sheet->addWorkbook();
+    sheet->setCellValue(1, 1, PlainText{"late"});
+    test::signalProcesses(profile(), SIGSTOP);
+    std::atomic<bool> isWriting = false;
+    expectStopped(
+        [&] {
+            isWriting = true;
+            sheet->autoFitColumns(1, 8);
+        },
+        [&] { return isWriting.load(); });
+    sheet.reset();
+    test::signalProcesses(profile(), SIGCONT);
+}
+
+TEST_F(LibreOfficeStop, OfficeThatIsKilledEndsTheWritingOfASheet)
+{
+    const auto sheet = office();
+    sheet->addWorkbook();
+    sheet->setCellValue(1, 1, PlainText{"late"});
+    test::signalProcesses(profile(), SIGSTOP);
+    std::atomic<bool> isWriting = false;
+    expectEnded(
+        [&] {
+            isWriting = true;
+            sheet->autoFitColumns(1, 8);
+        },
+        [&] { return isWriting.load(); }, [this] { test::signalProcesses(profile(), SIGKILL); });
+}
+
 TEST_F(LibreOfficeStop, OfficeThatIsKilledEndsTheCall)
 {
     const auto sheet = office();
