@@ -136,12 +136,12 @@ TEST_F(LibreOfficeStop, EndsTheWritingOfASheet)
     sheet->setCellValue(1, 1, PlainText{"late"});
     test::signalProcesses(profile(), SIGSTOP);
     std::atomic<bool> isWriting = false;
-    expectStopped(
+    expectEnded(
         [&] {
             isWriting = true;
             sheet->autoFitColumns(1, 8);
         },
-        [&] { return isWriting.load(); });
+        [&] { return isWriting.load(); }, [this] { stop.request_stop(); });
     sheet.reset();
     test::signalProcesses(profile(), SIGCONT);
 }
