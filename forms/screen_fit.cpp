@@ -46,6 +46,7 @@ void makeScrollable(QDialog& window)
     auto* layout = new QVBoxLayout(&window);
     layout->setContentsMargins({});
     layout->addWidget(area);
+    area->show();  // the layout of a shown window would do so only later, and let it be seen empty before
     QObject::connect(qApp, &QApplication::focusChanged, area, [area, surface](QWidget*, QWidget* now) {
         if (now != nullptr && surface->isAncestorOf(now)) area->ensureWidgetVisible(now);
     });

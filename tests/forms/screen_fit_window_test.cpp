@@ -91,6 +91,16 @@ TEST(ScreenFit, WindowWhoseContentsAreTooLargeScrollsToAllOfThem)
     EXPECT_EQ(window.button.visibleRegion().boundingRect(), window.button.rect());
 }
 
+TEST(ScreenFit, ShownWindowIsNeverSeenEmpty)
+{
+    Dialog window({50, 50});
+    window.show();
+    window.box.setMinimumHeight(freeArea(window).height() + 200);
+    fitToScreen(window);
+    ASSERT_TRUE(scrolls(window));
+    EXPECT_TRUE(window.button.isVisible());
+}
+
 TEST(ScreenFit, WindowThatIsShownAgainIsNotWrappedTwice)
 {
     Dialog window({50, 50});
