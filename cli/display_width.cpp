@@ -6,7 +6,9 @@
 #include "base/text.h"
 #include "cli/printable.h"
 
-#ifdef KAVO_UTF8PROC
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <utf8proc.h>
 #endif
 
@@ -16,14 +18,37 @@ namespace {
 
 constexpr std::string_view kEllipsis = "…";
 
-std::size_t widthOfCharacter([[maybe_unused]] std::string_view character)
+#ifdef _WIN32
+/// Scripts of East Asia, of which Windows does not tell all: Chinese to Yi, and Korean.
+bool isEastAsian(char32_t code)
 {
-#ifdef KAVO_UTF8PROC
-    if (character.size() == 1) return 1;
-    return static_cast<std::size_t>(utf8proc_charwidth(static_cast<utf8proc_int32_t>(codePointOf(character))));
+    return (code >= 0x1100 && code < 0x1160) || (code >= 0x2E80 && code < 0xA4D0) || (code >= 0xAC00 && code < 0xD7A4);
+}
+
+/// By what Windows knows of its characters.
+std::size_t widthOf(char32_t code)
+{
+    if (code > 0xFFFF) return 2;  // emoji, and Chinese that is seldom written
+    const auto unit = static_cast<wchar_t>(code);
+    WORD kind = 0;
+    WORD form = 0;
+    ::GetStringTypeW(CT_CTYPE1, &unit, 1, &kind);
+    ::GetStringTypeW(CT_CTYPE3, &unit, 1, &form);
+    const bool isAccent = (form & C3_NONSPACING) != 0 && (form & C3_ALPHA) == 0;  // an accented letter is both
+    if ((kind & C1_CNTRL) != 0 || isAccent) return 0;
+    if ((form & C3_HALFWIDTH) != 0) return 1;
+    return (form & (C3_FULLWIDTH | C3_IDEOGRAPH)) != 0 || isEastAsian(code) ? 2 : 1;
+}
 #else
-    return 1;
+std::size_t widthOf(char32_t code)
+{
+    return static_cast<std::size_t>(utf8proc_charwidth(static_cast<utf8proc_int32_t>(code)));
+}
 #endif
+
+std::size_t widthOfCharacter(std::string_view character)
+{
+    return character.size() == 1 ? 1 : widthOf(codePointOf(character));
 }
 
 /// As many characters as `width` columns have room for, with the accents of the last.
