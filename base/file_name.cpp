@@ -92,16 +92,21 @@ fs::path locate(const fs::path& wanted)
     if (const fs::path name = wanted.filename(); !name.empty() && isThere(folder))
         return folder / entryIgnoringCase(folder, name).value_or(name);
     fs::path found = wanted.root_path();
-    bool searching = true;
+    fs::path::string_type rest;  // what is not there; put together here, as a path takes longer the longer it gets
     for (const fs::path& component : wanted.relative_path()) {
-        std::optional<fs::path> entry;
-        if (searching && !component.empty() && !isThere(found / component)) {
-            entry = entryIgnoringCase(found, component);
-            searching = entry.has_value();
+        if (!rest.empty()) {
+            rest.append(1, fs::path::preferred_separator).append(component.native());
+        } else if (component.empty() || isThere(found / component)) {
+            found /= component;
+        } else if (const auto entry = entryIgnoringCase(found, component)) {
+            found /= *entry;
+        } else {
+            rest = component.native();
         }
-        found /= entry.value_or(component);
     }
-    return found;
+    if (rest.empty()) return found;
+    found /= fs::path();  // a separator, if it needs one
+    return found += rest;
 }
 
 fs::path locateTyped(const fs::path& folder, std::string_view typed)
