@@ -95,8 +95,9 @@ void Form7::Command2_Click()
     ui->pgb->setValue(0);
     takeProgressStep();
     const auto address = kavo::recordsPageAddress(m_recordsHost);
+    // Before the request has anything to tell: that may be an error at once.
+    QMetaObject::invokeMethod(this, &Form7::showWaiting, Qt::QueuedConnection);
     inet1->execute(QUrl(kavo::toScreen(address)), kOperation);
-    QTimer::singleShot(0, this, &Form7::showWaiting);
 }
 
 /// The first thing that happens while the request is running.
