@@ -20,10 +20,7 @@ start_wine() {
 # make_wine: what this Windows needs for windows, before the first program. (It is set up by whatever is run first;
 # to order that with wineboot sets it up twice, with two managers of its services that do not find each other's.)
 make_wine() {
-    local font
-    for font in "Segoe UI" "Tahoma" "MS Shell Dlg" "MS Shell Dlg 2"; do
-        "$wine" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$font" /d "DejaVu Sans" /f >/dev/null 2>&1
-    done
+    "$wine" regedit /S "Z:$PWD/tools/wine.reg" >/dev/null 2>&1
 }
 
 end_wine() {
@@ -37,7 +34,24 @@ in_wine() {
     timeout --kill-after=10 "$seconds" "$wine" "$@"
 }
 
-# omitted_tests WHERE: those of tests/windows_omissions.txt, as a pattern for GoogleTest.
+# omissions WHERE: the tests that tests/windows_omissions.txt leaves out of that run.
+omissions() {
+    awk -v where="$1" '$1 == where || ($1 == "both" && where != "plain") { print $2 }' tests/windows_omissions.txt
+}
+
+# omitted_tests WHERE: the same as a pattern for GoogleTest.
 omitted_tests() {
-    awk -v where="$1" '$1 == where || $1 == "all" { printf "%s%s", colon, $2; colon = ":" }' tests/windows_omissions.txt
+    omissions "$1" | paste -sd :
+}
+
+# stale_omissions WHERE PROGRAM ARGUMENT...: those that match no test of the program.
+stale_omissions() {
+    local where="$1" tests pattern
+    shift
+    tests="$(in_wine 120 "$@" --gtest_list_tests 2>/dev/null | tr -d '\r' |
+        awk '/^ / { print suite $1; next } { suite = $1 }')"
+    while read -r pattern; do
+        pattern="${pattern//./\\.}"
+        grep -qx -- "${pattern//\*/.*}" <<<"$tests" || echo "$pattern"
+    done < <(omissions "$where")
 }

@@ -19,9 +19,11 @@ import tempfile
 import zipfile
 
 import drive_windows
+import window_drive
 from window_drive import expect
 
 PATIENCE = 120  # seconds
+MOMENT = re.compile(rb"As of [-:\d ]+")
 CLASSES = "HKLM\\Software\\Classes\\"
 FILES = """
     kavo-timing.exe kavo-timing-cli.exe dashboard.cmd README.txt targets.txt targets_old.txt history.txt links.txt
@@ -49,14 +51,20 @@ class Programs:
         self.cli = cli
 
     def there(self, program, *arguments, stdin=b""):
-        command = [self.wine, str(self.folder / program), *arguments]
-        # Not by way of a pipe: processes that Wine starts beside the program would keep it open.
-        with tempfile.TemporaryFile() as out:
+        return self.started(str(self.folder / program), *arguments, stdin=stdin)
+
+    def started(self, *command, stdin=b""):
+        """A Windows program with its arguments, at work in the folder."""
+        command = [self.wine, *command]
+        # Not by way of pipes: processes that Wine starts beside the program would keep them open.
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as error:
             done = subprocess.run(
-                command, stdout=out, stderr=subprocess.DEVNULL, input=stdin, timeout=PATIENCE, check=False, cwd=self.folder
+                command, stdout=out, stderr=error, input=stdin, timeout=PATIENCE, check=False, cwd=self.folder
             )
-            out.seek(0)
+            for stream in [out, error]:
+                stream.seek(0)
             done.stdout = out.read()
+            done.stderr = error.read()
         return done
 
     def here(self, *arguments):
@@ -129,6 +137,23 @@ def check_program_folder(programs):
     expect("targets.bak", (programs.folder / "before.txt").read_bytes(), (programs.folder / "targets.bak").read_bytes())
 
 
+def check_dashboard(programs):
+    """The file to click, where nobody is yet and then in a folder with users."""
+    click = ["cmd", "/c", "dashboard.cmd"]
+    nobody = programs.started(*click)
+    expect("dashboard of nobody", True, b"kavo-timing-cli: " in nobody.stderr)
+    shutil.copytree(programs.folder / "demo", programs.folder, dirs_exist_ok=True)
+    opened = programs.folder / "opened.html"
+    handler = f'cmd.exe /c copy "%1" "{window_drive.system_path(opened)}"'
+    with programs.classes({".html": "kavo.page", "kavo.page\\shell\\open\\command": handler}):
+        done = programs.started(*click)
+        expect("dashboard.cmd", 0, done.returncode)
+        window_drive.wait_for("the opened page", lambda: opened.is_file() and opened.read_bytes().endswith(b"</html>\n"))
+    page = programs.there("kavo-timing-cli.exe", "dashboard", "--output", "-").stdout
+    expect("dashboard", MOMENT.sub(b"", page), MOMENT.sub(b"", opened.read_bytes()))
+    expect("names in it", True, "Marek" in page.decode() and "Жанна" in page.decode())
+
+
 def expect_nothing_left(folder):
     """Neither a temporary file nor the lock of a program that has ended."""
     expect("what is left", [], [path.name for path in folder.rglob("*") if re.match(r"\.kavo-|.*\.lock$", path.name)])
@@ -158,7 +183,7 @@ def main():
     parser.add_argument("--pictures", type=pathlib.Path, help="a folder for a picture of each window")
     arguments = parser.parse_args()
     with tempfile.TemporaryDirectory(prefix="kavo-windows-") as work:
-        for check in [check_console, check_names, check_program_folder, check_window]:
+        for check in [check_console, check_names, check_program_folder, check_dashboard, check_window]:
             check(Programs(unpack(arguments.zip, new_place(work, check)), arguments.wine, arguments.cli))
             print(check.__name__, "passed", flush=True)
         programs = Programs(unpack(arguments.zip, new_place(work, drive_windows.use)), arguments.wine, arguments.cli)
