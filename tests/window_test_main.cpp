@@ -12,6 +12,7 @@ int main(int argc, char** argv)
     if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();  // needs no display
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     kavo::test::useFixedFonts();
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // no test can answer those of the system
     kavo::Application application(argc, argv);
     return RUN_ALL_TESTS();
 }

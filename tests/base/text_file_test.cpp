@@ -54,8 +54,8 @@ TEST(ReadFile, RefusesMoreThanItsLimit)
     folder.write("a.txt", "four");
     EXPECT_EQ(readContent(folder / "a.txt", 4).view(), "four");
     EXPECT_EQ(errorOf([&] { static_cast<void>(readContent(folder / "a.txt", 3)); }), "File too large: a.txt");
-    for (const std::uintmax_t size : {kLargestFile + 1, std::uintmax_t{1} << 40U}) {
-        fs::resize_file(folder / "a.txt", size);  // takes no room on the disk
+    for (const std::uintmax_t size : {kLargestFile + 1, TemporaryFolder::kTerabyte}) {
+        folder.enlarge("a.txt", size);
         EXPECT_EQ(errorOf([&] { static_cast<void>(readFile(folder / "a.txt")); }), "File too large: a.txt");
     }
 }

@@ -217,12 +217,13 @@ TEST_F(CommandLine, ReaderThatLeftIsNoError)
 
 TEST_F(CommandLine, MissingProgramFolderIsAnError)
 {
-    const Outcome outcome = runArguments({"--program-folder", "/no/such/folder", "show"});
+    const std::string missing = (folder / "no/such/folder").string();
+    const Outcome outcome = runArguments({"--program-folder", missing, "show"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.error,
-              "kavo-timing-cli: Path not found: /no/such/folder (No such file or directory); --program-folder DIR or "
-              "KAVO_PROGRAM_FOLDER name the program folder\n");
+    EXPECT_EQ(outcome.error, "kavo-timing-cli: Path not found: " + missing +
+                                 " (No such file or directory); --program-folder DIR or "
+                                 "KAVO_PROGRAM_FOLDER name the program folder\n");
 }
 
 TEST_F(CommandLine, MessagesKeepControlCharactersFromTheTerminal)

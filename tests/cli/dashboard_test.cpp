@@ -134,6 +134,7 @@ TEST_F(DashboardCommand, DoesWithoutAHome)
 {
     const test::EnvironmentValue stateHome("XDG_STATE_HOME", "");
     const test::EnvironmentValue ownHome("HOME", "");
+    const test::EnvironmentValue localData("LOCALAPPDATA", "");
     EXPECT_EQ(run({"--output", "-"}).status, 0);
     EXPECT_EQ(run({}).status, 1);
 }

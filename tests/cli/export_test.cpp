@@ -3,8 +3,8 @@
 
 #include "base/text_file.h"
 #include "tests/support/command_line.h"
-#include "tests/support/environment.h"
 #include "tests/support/places.h"
+#include "tests/support/plain_region.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ using kavo::test::TemporaryFolder;
 
 namespace {
 
-/// The demo folder, and the command line on it in the plain locale.
+/// The demo folder, and the command line on it in a plain region.
 class Export : public testing::Test
 {
 protected:
@@ -39,7 +39,7 @@ protected:
         return (kavo::test::sourceFolder() / "data/templates" / (name + ".ett")).string();
     }
 
-    const kavo::test::EnvironmentValue plainLocale{"LC_ALL", "C"};
+    const kavo::test::PlainRegion plainRegion;
     TemporaryFolder folder;
 };
 
@@ -113,8 +113,7 @@ TEST_F(Export, MissingTemplateIsAnErrorAndWritesNothing)
 TEST_F(Export, TemplateThatCannotBeReadIsToldAndKeepsTheFormerReport)
 {
     folder.write("report.html", "old");
-    folder.write("mine.ett", "");
-    fs::resize_file(folder / "mine.ett", std::uintmax_t{1} << 40U);  // takes no room
+    folder.enlarge("mine.ett");
     const Outcome outcome = run({"export-html", "--template", path("mine.ett"), path("report.html")});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.error, "kavo-timing-cli: File too large: " + path("mine.ett") + "\n");

@@ -104,7 +104,7 @@ TEST_F(Trouble, NickThatIsEmptyIsAUsageError)
 
 TEST_F(Trouble, StatisticsFileOfATerabyteIsToldAtOnce)
 {
-    fs::resize_file(folder / "stats.txt", std::uintmax_t{1} << 40U);  // takes no room
+    folder.enlarge("stats.txt");
     const Outcome outcome = run({"show"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.error, "kavo-timing-cli: File too large: " + path("stats.txt") + "\n");

@@ -229,8 +229,7 @@ TEST_F(WatchCommand, KeepsTheFormerReportWhileTheTemplateCannotBeRead)
 {
     const std::string report = "\r\nReport\r\n%template2%\r\n\r\n%template3%\r\n\r\n%template4%\r\n\r\n";
     folder.write("overlay.html", "old");
-    folder.write("overlay.ett", "");
-    fs::resize_file(folder / "overlay.ett", std::uintmax_t{1} << 40U);  // takes no room
+    folder.enlarge("overlay.ett");
     std::string meanwhile;
     at(5s, [&] {
         meanwhile = folder.read("overlay.html");

@@ -11,6 +11,7 @@ namespace kavo {
 
 namespace {
 
+using test::asCompared;
 using test::TemporaryFolder;
 
 constexpr const char* kDefaults =
@@ -76,7 +77,7 @@ TEST(Colours, AreFoundInAnyCase)
     const TemporaryFolder folder;
     folder.write("Colors/Colors.INI", "11111111\r\n");
     EXPECT_EQ(readTableColours(folder.path()).ColBack, 11111111);
-    EXPECT_EQ(coloursFolder(folder.path()), folder / "Colors");
+    EXPECT_EQ(asCompared(coloursFolder(folder.path())), asCompared(folder / "Colors"));
 }
 
 }  // namespace

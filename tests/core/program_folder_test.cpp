@@ -23,6 +23,7 @@ namespace kavo {
 
 namespace {
 
+using test::asCompared;
 using test::EnvironmentValue;
 using test::TemporaryFolder;
 
@@ -49,7 +50,7 @@ TEST(ProgramFolder, IsTheOneNamedBeforeAnyOther)
     sources.environment = (folder / "environment").string();
     EXPECT_EQ(findProgramFolder(sources), folder / "environment");
     sources.option = (folder / "OPTION").string();
-    EXPECT_EQ(findProgramFolder(sources), folder / "option");
+    EXPECT_EQ(asCompared(findProgramFolder(sources)), asCompared(folder / "option"));
 }
 
 TEST(ProgramFolder, FailsWhenANamedFolderIsMissing)
@@ -247,7 +248,7 @@ TEST(SuppliedFolder, OfAPortableCopyComesBeforeThatOfAnInstallation)
     fs::create_directory(folder / "bin/templates");
     EXPECT_EQ(found(), folder / "bin/templates");
     fs::create_directory(folder / "program/Templates");
-    EXPECT_EQ(found(), folder / "program/Templates");
+    EXPECT_EQ(asCompared(found()), asCompared(folder / "program/Templates"));
 }
 
 TEST(SuppliedFolder, IsNoFileOfThatName)

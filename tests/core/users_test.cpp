@@ -16,6 +16,7 @@ namespace kavo {
 
 namespace {
 
+using test::asCompared;
 using test::TemporaryFolder;
 using Nicks = std::vector<std::string>;
 
@@ -192,7 +193,7 @@ TEST(UserFolder, LiesInTheProgramFolder)
 {
     const TemporaryFolder folder;
     fs::create_directory(folder / "Bob");
-    EXPECT_EQ(userFolder(folder.path(), "bob"), folder / "Bob");
+    EXPECT_EQ(asCompared(userFolder(folder.path(), "bob")), asCompared(folder / "Bob"));
     EXPECT_EQ(userFolder(folder.path(), "eve"), folder / "eve");
     EXPECT_THROW(static_cast<void>(userFolder(folder.path(), "../x")), RunTimeError);
     EXPECT_THROW(static_cast<void>(userFolder(folder.path(), "")), RunTimeError);

@@ -230,6 +230,7 @@ TEST(FocusStyle, EveryEdgeOfABoxIsSeenAlsoWhereAPixelOfTheWindowIsNoneOfTheScree
     QWidget window;
     const std::vector<QWidget*> boxes = {new QListWidget(&window), new QPlainTextEdit(&window), new QLineEdit(&window)};
     auto* other = new QPushButton(&window);
+    other->move(200, 10);
     paintWindow(window, ColourSet());
     window.resize(400, 100);
     window.show();

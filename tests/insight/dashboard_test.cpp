@@ -106,13 +106,12 @@ TEST_F(DashboardOf, TotalsAboveAHundredMinutesAreThoseOfTheTable)
 TEST_F(DashboardOf, ResultsWithoutTargetsHasNeitherGoalsNorScales)
 {
     static_cast<void>(load(2));
-    LoadedFolder other;
-    std::filesystem::copy(bob.folder.path(), other.folder.path(),
-                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
-    std::filesystem::remove(other.folder / "targets.txt");
-    other.run();
-    ASSERT_EQ(other.result.end, LoadingEnd::Completed);
-    const Dashboard dashboard = dashboardOf(other.session, {}, 42);
+    std::filesystem::remove(bob.folder / "targets.txt");
+    bob.session = Session();  // which would keep the targets that it has read
+    bob.session.programFolder = bob.folder.path();
+    bob.run();
+    ASSERT_EQ(bob.result.end, LoadingEnd::Completed);
+    const Dashboard dashboard = dashboardOf(bob.session, {}, 42);
     EXPECT_EQ(dashboard.sides[0].total, "35:55:00");
     EXPECT_EQ(dashboard.sides[0].grades, (GradeCounts{0, 0, 0, 0, 0, 54}));
     EXPECT_TRUE(dashboard.sides[0].next.empty());

@@ -76,8 +76,7 @@ TEST(FileCheck, FindsAnotherFileOfTheSameName)
 TEST(FileCheck, DoesNotReadAnEnormousFile)
 {
     const test::TemporaryFolder folder;
-    folder.write("names.dat", "");
-    fs::resize_file(folder / "names.dat", std::uintmax_t{1} << 40U);
+    folder.enlarge("names.dat");
     const FileLook look = lookAt(folder / "names.dat", FileUse::Read);
     EXPECT_FALSE(look.content);
     EXPECT_EQ(inShort(look.findings), "warning it is too large to be looked at (64 MB and more)");

@@ -4,7 +4,7 @@
 #include "base/code_page.h"
 #include "forms/screen_text.h"
 #include "reports/html_export_window.h"
-#include "tests/support/environment.h"
+#include "tests/support/plain_region.h"
 #include "tests/support/report_window_fixture.h"
 
 #include <QAbstractItemView>
@@ -223,7 +223,7 @@ TEST_F(HtmlExportWindow, TemplatesAreLookedForAmongTheSuppliedOnesThenWhereTheLa
 
 TEST_F(HtmlExportWindow, ExportWritesTheTypedSections)
 {
-    const kavo::test::EnvironmentValue plainLocale("LC_ALL", "C");
+    const kavo::test::PlainRegion plainRegion;
     QTest::keyClicks(&box("Text2"), "%team% %date%|%date_time%|%time% %lev_name%");
     QTest::keyClick(&box("Text2"), Qt::Key_Return);
     QTest::keyClicks(&box("Text2"), "2");
@@ -233,7 +233,8 @@ TEST_F(HtmlExportWindow, ExportWritesTheTypedSections)
     exportTo(inFolder("r.html"), "OK");
     std::string expected =
         "<!-- Maden by prog Kavo Timing v.2.1 by Nurel. Download here: https://kavo-timing.example/ -->\r\n"
-        "Dust Devils 03/07/26|Sat Mar  7 14:05:09 2026|14:05:09 %lev_name%\r\n2\r\n";
+        "Dust Devils 03/07/26|" +
+        std::string(kavo::test::PlainRegion::kReportMoment) + "|14:05:09 %lev_name%\r\n2\r\n";
     for (int level = 1; level <= 54; ++level) expected += std::to_string(level) + ", Track: 00:30:00\r\n";
     EXPECT_EQ(folder.read("r.html"), expected + "27:00:00\r\n%Date%\r\n");
 }

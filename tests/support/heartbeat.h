@@ -12,6 +12,14 @@
 
 namespace kavo::test {
 
+/// Below it nobody notices that the event loop was deaf. Windows does not tell for how long it had no processor for a
+/// thread, so there a pause may be longer.
+#ifdef _WIN32
+inline constexpr std::chrono::milliseconds kLongestPause(1000);
+#else
+inline constexpr std::chrono::milliseconds kLongestPause(100);
+#endif
+
 /// Notes how long the event loop of this thread has been deaf at most. The time for which the system had no
 /// processor for the thread is left out: a busy machine is not the program's doing.
 class Heartbeat final

@@ -8,11 +8,14 @@
 #include "base/text_file.h"
 #include "tests/support/places.h"
 
+#include <algorithm>
 #include <atomic>
 #include <fstream>
 
 #ifdef _WIN32
 #include <process.h>
+#include <windows.h>
+#include <winioctl.h>
 #else
 #include <unistd.h>
 #endif
@@ -54,7 +57,43 @@ std::string TemporaryFolder::read(std::string_view name) const
 
 bool TemporaryFolder::has(std::string_view name) const
 {
-    return fs::exists(*this / name);
+    const fs::path path = *this / name;
+    if (!fs::exists(path)) return false;
+#ifdef _WIN32
+    // There is a file of every spelling of its name.
+    return std::ranges::any_of(fs::directory_iterator(path.parent_path()),
+                               [&](const auto& entry) { return entry.path().filename() == path.filename(); });
+#else
+    return true;
+#endif
+}
+
+void TemporaryFolder::enlarge(std::string_view name, std::uintmax_t size) const
+{
+    const fs::path path = *this / name;
+#ifdef _WIN32
+    // The library takes no size beyond 2 GB, and the system fills a file up that is not told to have gaps.
+    const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr);
+    LARGE_INTEGER end{};
+    end.QuadPart = static_cast<LONGLONG>(size);
+    DWORD ignored = 0;
+    const bool isLarge = ::DeviceIoControl(file, FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &ignored, nullptr) != 0 &&
+                         ::SetFilePointerEx(file, end, nullptr, FILE_BEGIN) != 0 && ::SetEndOfFile(file) != 0;
+    ::CloseHandle(file);
+    if (!isLarge) throw std::runtime_error("cannot enlarge " + std::string(name));
+#else
+    std::ofstream(path, std::ios::app);
+    fs::resize_file(path, size);
+#endif
+}
+
+fs::path asCompared(const fs::path& path)
+{
+#ifdef _WIN32
+    return pathOf(foldCase(textOf(path)));
+#else
+    return path;
+#endif
 }
 
 void copyDemo(const TemporaryFolder& folder)

@@ -5,6 +5,7 @@
 
 #include "core/loading.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -27,11 +28,20 @@ public:
     /// Writes a file, with the folders on the way to it.
     void write(std::string_view name, std::string_view content) const;
     [[nodiscard]] std::string read(std::string_view name) const;
+    /// Whether something is there whose name is spelled so.
     [[nodiscard]] bool has(std::string_view name) const;
+
+    /// Makes a file, which may be there already, so large. It takes no room on the disk.
+    void enlarge(std::string_view name, std::uintmax_t size = kTerabyte) const;
+
+    static constexpr std::uintmax_t kTerabyte = std::uintmax_t{1} << 40U;  ///< more than anything reads
 
 private:
     std::filesystem::path m_path;
 };
+
+/// The path as the system tells it from others: Windows takes capital letters and small ones for the same.
+[[nodiscard]] std::filesystem::path asCompared(const std::filesystem::path& path);
 
 /// A copy of the demo folder that ./run.sh starts on.
 void copyDemo(const TemporaryFolder& folder);

@@ -15,6 +15,7 @@
 #include <QTreeView>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -84,7 +85,12 @@ protected:
         EXPECT_TRUE(withWindow(className, press, look)) << className << " did not open";
     }
 
-    static void click(QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }
+    static void click(QWidget& button)
+    {
+        // Beside its text an option takes no click, however wide it is.
+        const int width = std::min(button.width(), button.sizeHint().width());
+        QTest::mouseClick(&button, Qt::LeftButton, {}, {width / 2, button.height() / 2});
+    }
 
     /// Runs the event loop until the program quits; returns its exit status, 7 when it never does.
     static int runUntilQuit()

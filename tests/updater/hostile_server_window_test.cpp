@@ -25,6 +25,7 @@ using kavo::test::Ending;
 using kavo::test::Heartbeat;
 using kavo::test::inChunks;
 using kavo::test::inPieces;
+using kavo::test::kLongestPause;
 using kavo::test::kTransferFailed;
 using kavo::test::PageServer;
 using kavo::test::repeating;
@@ -44,7 +45,6 @@ const States kNoConnection = {TransferState::Error};
 const States kNoHead = {TransferState::RequestSent, TransferState::Error};
 const States kNoBody = {TransferState::RequestSent, TransferState::ResponseReceived, TransferState::Error};
 
-constexpr auto kLongestPause = 100ms;
 constexpr qsizetype kLargestBody = 4 * 1024 * 1024;
 
 const QByteArray kOk = "HTTP/1.1 200 OK\r\n";
@@ -112,6 +112,18 @@ std::vector<Row> goodServers()
     };
 }
 
+/// Servers that end the connection with an error before the page is there.
+std::vector<Row> resettingServers()
+{
+    const QByteArray good = response(samplePage());
+    return {
+        {"resets at once", inPieces({}, Ending::Reset), kNoHead},
+        {"resets in the head", inPieces({kOk + "Content-Le"}, Ending::Reset), kNoHead},
+        {"resets in the page", inPieces({good.chopped(1000)}, Ending::Reset), kNoBody},
+        {"resets half a page without a length", inPieces({kOk + "\r\n" + halfPage()}, Ending::Reset), kNoBody},
+    };
+}
+
 /// Servers whose answer is no page, or is not beyond doubt the whole page.
 std::vector<Row> badServers()
 {
@@ -126,9 +138,7 @@ std::vector<Row> badServers()
     return {
         // Nothing, or something else than HTTP
         {"closes at once", always(""), kNoHead},
-        {"resets at once", inPieces({}, Ending::Reset), kNoHead},
         {"closes in the head", always(kOk + "Content-Le"), kNoHead},
-        {"resets in the head", inPieces({kOk + "Content-Le"}, Ending::Reset), kNoHead},
         {"only tells to continue", always("HTTP/1.1 100 Continue\r\n\r\n"), kNoHead},
         {"sends the page alone", always(page), kNoHead},
         {"sends garbage", always("220 mail ready\r\n\r\n"), kNoHead},
@@ -165,9 +175,7 @@ std::vector<Row> badServers()
         {"closes before the page", always(kOk + "\r\n"), kNoBody},
         {"sends no chunk", always(kChunked + "0\r\n\r\n"), kNoBody},
         {"closes in the page", always(good.chopped(1)), kNoBody},
-        {"resets in the page", inPieces({good.chopped(1000)}, Ending::Reset), kNoBody},
         {"closes half a page without a length", always(kOk + "\r\n" + halfPage()), kNoBody},
-        {"resets half a page without a length", inPieces({kOk + "\r\n" + halfPage()}, Ending::Reset), kNoBody},
         {"announces two lengths", always(kOk + length(page.size()) + length(100) + "\r\n" + page), kNoBody},
         {"announces no number", always(kOk + "Content-Length: many\r\n\r\n" + page), kNoBody},
         {"announces less than nothing", always(kOk + length(-1) + "\r\n" + page), kNoBody},
@@ -288,6 +296,14 @@ TEST_F(HostileServer, ThatKeepsToTheRulesIsRead)
 TEST_F(HostileServer, ThatBreaksThemEndsInOneErrorWithTheFormerTargetsKept)
 {
     for (const Row& row : badServers()) {
+        const PageServer server(row.answer);
+        expectError(row, server.host());
+    }
+}
+
+TEST_F(HostileServer, ThatResetsTheConnectionEndsInOneErrorToo)
+{
+    for (const Row& row : resettingServers()) {
         const PageServer server(row.answer);
         expectError(row, server.host());
     }

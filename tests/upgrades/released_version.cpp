@@ -86,8 +86,11 @@ std::string testNameOf(const testing::TestParamInfo<ReleasedVersion>& info)
 std::map<std::string, std::string> filesOf(const fs::path& folder)
 {
     std::map<std::string, std::string> files;
-    for (const auto& entry : fs::recursive_directory_iterator(folder))
-        if (entry.is_regular_file()) files[textOf(fs::relative(entry.path(), folder))] = readFile(entry.path());
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        if (!entry.is_regular_file()) continue;
+        const std::u8string name = fs::relative(entry.path(), folder).generic_u8string();
+        files[std::string(name.begin(), name.end())] = readFile(entry.path());
+    }
     return files;
 }
 

@@ -157,8 +157,7 @@ TEST_F(PlayerNames, FailedWriteIsToldOnce)
 TEST_F(PlayerNames, NamesThatAFailedLoadingHasNotReadStay)
 {
     folder.write("Marek/names.dat", "Ann\r\nBob\r\nDuo\r\n");
-    folder.write("Marek/view.dat", "");
-    std::filesystem::resize_file(folder / "Marek/view.dat", std::uintmax_t{1} << 40U);  // takes no room
+    folder.enlarge("Marek/view.dat");
     expectError("File too large: view.dat");
     startLoggedIn();
     EXPECT_EQ(header(1), "Time 1");
@@ -170,13 +169,12 @@ TEST_F(PlayerNames, NamesThatAFailedLoadingHasNotReadStay)
 
 TEST_F(PlayerNames, NamesThatCannotBeReadAreToldAndStay)
 {
-    folder.write("Marek/names.dat", "");
-    std::filesystem::resize_file(folder / "Marek/names.dat", std::uintmax_t{1} << 40U);
+    folder.enlarge("Marek/names.dat");
     expectError("File too large: names.dat");
     startLoggedIn();
     expectError("File too large: names.dat");
     clickHeader(6);
-    EXPECT_EQ(std::filesystem::file_size(folder / "Marek/names.dat"), std::uintmax_t{1} << 40U);
+    EXPECT_EQ(std::filesystem::file_size(folder / "Marek/names.dat"), kavo::test::TemporaryFolder::kTerabyte);
 }
 
 TEST_F(PlayerNames, EmptyTableCanBeRenamedToo)

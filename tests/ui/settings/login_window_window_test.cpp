@@ -168,7 +168,8 @@ TEST_F(LoginWindow, AutoLoginOpensTheMainWindowWithoutAsking)
 TEST_F(LoginWindow, AutoLoginLeavesTheFilesAloneAndMakesNoControlsThatNobodySees)
 {
     folder.write("autolog.dat", " 1 \r\n");
-    const std::filesystem::file_time_type longAgo{};
+    const auto longAgo = std::chrono::floor<std::chrono::seconds>(std::filesystem::file_time_type::clock::now()) -
+                         std::chrono::hours(1000);
     for (const char* name : {"autolog.dat", "curUser.dat"}) std::filesystem::last_write_time(folder / name, longAgo);
     start();
     EXPECT_TRUE(mainWindow().isVisible());

@@ -103,8 +103,7 @@ TEST_F(OptionsSaving, GradeIsAskedForUntilOneIsChosen)
 
 TEST_F(OptionsSaving, SaveKeepsTheFontSizeThatAFailedLoadingHasNotRead)
 {
-    folder.write("Marek/view.dat", "");
-    std::filesystem::resize_file(folder / "Marek/view.dat", std::uintmax_t{1} << 40U);  // takes no room
+    folder.enlarge("Marek/view.dat");
     folder.write("Marek/data.ini", "game/stats.txt\r\n 2 \r\nfriend/stats.txt\r\n\r\n 13.5 \r\n");
     expectError("File too large: view.dat");
     look([this](const QWidget& window) {
@@ -118,8 +117,7 @@ TEST_F(OptionsSaving, SaveKeepsTheFontSizeThatAFailedLoadingHasNotRead)
 TEST_F(OptionsSaving, SettingsThatCouldNotBeReadAreShownBeforeTheyAreOverwritten)
 {
     const std::string settings = "game/stats.txt\r\n 3 \r\nfriend/stats.txt\r\nGood\r\n 13.5 \r\n";
-    folder.write("Marek/data.ini", "");
-    std::filesystem::resize_file(folder / "Marek/data.ini", std::uintmax_t{1} << 40U);
+    folder.enlarge("Marek/data.ini");
     expectError("File too large: data.ini");  // the loading's
     look([&](const QWidget& window) {
         EXPECT_EQ(line(window, "Text1").text(), "\\stats.txt");
@@ -138,8 +136,7 @@ TEST_F(OptionsSaving, SettingsThatCouldNotBeReadAreShownBeforeTheyAreOverwritten
 
 TEST_F(OptionsSaving, SettingsThatCannotBeReadAreWrittenAnew)
 {
-    folder.write("Marek/data.ini", "");
-    std::filesystem::resize_file(folder / "Marek/data.ini", std::uintmax_t{1} << 40U);
+    folder.enlarge("Marek/data.ini");
     expectError("File too large: data.ini");  // the loading's
     look([](const QWidget& window) {
         type(line(window, "Text1"), "game/stats.txt");
