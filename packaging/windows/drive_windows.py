@@ -130,10 +130,14 @@ class FirstUse:
         self.screen.open(MAIN, "^Statistics", "F7")
         self.screen.close("^Statistics", "Escape")
 
+    def open_updater(self):
+        # The first key after a start is often lost, and to press this one twice does no harm.
+        return self.screen.open(MAIN, "^Targets-updater$", "ctrl+r", again=1)
+
     def update_targets(self):
         """As the command line of this system does it."""
         before = (self.folder / "targets.txt").read_bytes()
-        updater = self.screen.open(MAIN, "^Targets-updater$", "ctrl+r")
+        updater = self.open_updater()
         window_drive.press("space")
         wait_for("new targets", lambda: (self.folder / "targets.txt").read_bytes() != before)
         self.screen.picture(updater, "targets-updated")
@@ -144,7 +148,7 @@ class FirstUse:
     def refuse_stranger(self):
         """A server whose certificate nobody vouches for: an error, and no other targets."""
         before = (self.folder / "targets.txt").read_bytes()
-        self.screen.open(MAIN, "^Targets-updater$", "ctrl+r")
+        self.open_updater()
         self.screen.open("^Targets-updater$", BOX, "space")
         self.screen.close(BOX, "Return")
         self.screen.close("^Targets-updater$", "Escape")

@@ -38,12 +38,12 @@ def find_in_time(find, patience):
     return None
 
 
-def act_until(what, act, find):
+def act_until(what, act, find, again=AGAIN):
     """Acts, again and again if need be, until `find` returns something."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end:
         act()
-        found = find_in_time(find, AGAIN)
+        found = find_in_time(find, again)
         if found:
             return found
     return sys.exit(f"waited in vain for {what}")
@@ -86,7 +86,7 @@ class Screen:
     def active():
         return xdotool("getactivewindow")
 
-    def open(self, above, title, *keys, text=None):
+    def open(self, above, title, *keys, text=None, again=AGAIN):
         """Presses keys in the window `above` until that of the title is there; returns that one, with the focus."""
 
         def act():
@@ -98,7 +98,7 @@ class Screen:
                     write(text)
                 press(*keys)
 
-        act_until(f"the window {title!r}", act, lambda: self.windows(title))
+        act_until(f"the window {title!r}", act, lambda: self.windows(title), again)
         return self.window(title)
 
     def close(self, title, *keys):
