@@ -118,9 +118,8 @@ TEST_F(ClubCommand, NamesWhatItLeavesOut)
 
 TEST_F(ClubCommand, NamesTheWholePathOfWhatItLeavesOut)
 {
-    const std::filesystem::path missing = std::filesystem::proximate(folder / "nowhere.txt");
-    ASSERT_TRUE(missing.is_relative());
-    const std::string error = run({path("league/ann.txt"), missing.string()}).error;
+    const std::string missing = "a file that is not in the working folder.txt";
+    const std::string error = run({path("league/ann.txt"), missing}).error;
     EXPECT_EQ(error, "kavo-timing-cli: File not found: " + std::filesystem::absolute(missing).string() +
                          " (No such file or directory) is left out\n");
 }
