@@ -106,13 +106,16 @@ build_sanitized() {
     build build-asan --preset asan -DKAVO_COVERAGE=ON -DKAVO_BENCH=ON
 }
 
-sanitized() {
-    build_sanitized || return 1
+test_sanitized() {
     find build-asan -name '*.gcda' -delete
     QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 UBSAN_OPTIONS=print_stacktrace=1 \
         LSAN_OPTIONS="suppressions=$PWD/tools/leaks.supp:print_suppressions=0" \
         run_everything "$1" build-asan || return 1
     covered build-asan
+}
+
+sanitized() {
+    build_sanitized && test_sanitized "$1"
 }
 
 # covered FOLDER: whether what has run there has met nearly every line of base/ and core/.
@@ -145,18 +148,18 @@ released() {
         timeout 60 "build-release/bin/$program" --version || return 1
     done
     touch "$results/$1.passed"
-    # Only a disaster fails: the machine may be busy, and what it is compared with runs in turns with it.
-    if bench/measure.py build-release --quick >build-release/speed.log; then
-        touch "$results/speed.passed"
-    else
-        cat build-release/speed.log
-        touch "$results/speed.failed"
-    fi
+}
+
+# Only a disaster fails: the machine may be busy, and what it is compared with runs in turns with it.
+measure_speed() {
+    bench/measure.py build-release --quick >build-release/speed.log && touch "$results/$1.passed" && return
+    cat build-release/speed.log
+    return 1
 }
 
 # The tests of the windows one after the other: they share the focus and the pointer. Without the strictest checks,
 # which the display's libraries do not pass: they keep memory, and take pieces of texts that have no end.
-on_display() (
+test_display() (
     trap end_display EXIT
     start_display || exit 1
     QT_QPA_PLATFORM=xcb ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 \
@@ -164,7 +167,7 @@ on_display() (
 )
 
 display() {
-    build_sanitized && on_display "$1"
+    build_sanitized && test_display "$1"
 }
 
 # The whole Windows program, with Qt.
@@ -194,22 +197,25 @@ lint_changes() {
     touch "$results/$1.$status"
 }
 
-# The display needs one processor and much patience: the other stages compile meanwhile.
+# Tests that wait, for a display, an office or a server, leave the processors to what is compiled meanwhile.
 all_stages() {
-    local display=
-    stage sanitized sanitized
-    mkdir -p build-asan
-    if [ ! -e "$results/sanitized.failed" ]; then
-        on_display display >build-asan/display.log 2>&1 &
-        display=$!
+    local name behind=()
+    echo "== build with the sanitizers"
+    if build_sanitized; then
+        for name in sanitized display; do
+            stage "$name" "test_$name" >"build-asan/$name.log" 2>&1 &
+            behind+=("$!")
+        done
+    else
+        touch "$results/sanitized.failed"
     fi
     stage "without Qt" without_qt
     stage release released
     stage "for Windows" partly_for_windows
     stage lint lint_changes
-    echo "== display"
-    if [ -z "$display" ] || ! wait "$display"; then touch "$results/display.failed"; fi
-    [ -z "$display" ] || cat build-asan/display.log
+    wait "${behind[@]}"
+    cat build-asan/{sanitized,display}.log 2>/dev/null || true
+    stage speed measure_speed
 }
 
 # faults [--sanitize] OPTION...
@@ -291,7 +297,10 @@ case "${1:-}" in
 --sanitize) stage sanitized sanitized ;;
 --coverage) stage coverage coverage ;;
 --display) stage display display ;;
---release) stage release released ;;
+--release)
+    stage release released
+    stage speed measure_speed
+    ;;
 --windows) stage "for Windows" for_windows ;;
 --pages)
     install_packages pages
