@@ -96,7 +96,7 @@ wait "$package" || {
     exit 1
 }
 package=
-packaging/windows/drive.py "$build/package"/kavo-timing-*-windows.zip "$wine" build-core/bin/kavo-timing-cli \
+python3 -B packaging/windows/drive.py "$build/package"/kavo-timing-*-windows.zip "$wine" build-core/bin/kavo-timing-cli \
     "$build/tests/kavo_recording_application.exe" --pictures "$build/pictures" || failed=1
 python3 -B tests/oracle/compare_systems.py build-core/bin/kavo-timing-cli "$wine" "$build/bin/kavo-timing-cli.exe" \
     --count "$folders" || failed=1
