@@ -71,16 +71,26 @@ protected:
     }
 
     /// The same of a call that the office does not answer.
-    template <typename Disturb>
-    static void expectCallEnded(Spreadsheet& sheet, Disturb disturb)
+    template <typename Call, typename Disturb>
+    static void expectCallEnded(Call call, Disturb disturb)
     {
         std::atomic<bool> isCalling = false;
         expectEnded(
             [&] {
                 isCalling = true;
-                sheet.addWorkbook();
+                call();
             },
             [&] { return isCalling.load(); }, disturb);
+    }
+
+    /// The same of a sheet that is written to an office that has stopped answering.
+    template <typename Disturb>
+    void expectWritingEnded(Spreadsheet& sheet, Disturb disturb) const
+    {
+        sheet.addWorkbook();
+        sheet.setCellValue(1, 1, PlainText{"late"});
+        test::signalProcesses(profile(), SIGSTOP);
+        expectCallEnded([&sheet] { sheet.autoFitColumns(1, 8); }, disturb);
     }
 
     test::TemporaryFolder folder;
@@ -105,7 +115,7 @@ TEST_F(LibreOfficeStop, EndsACallThatIsNotAnsweredAndTheOfficeThatShowsNothing)
 {
     auto sheet = office();
     test::signalProcesses(profile(), SIGSTOP);
-    expectCallEnded(*sheet, [this] { stop.request_stop(); });
+    expectCallEnded([&] { sheet->addWorkbook(); }, [this] { stop.request_stop(); });
     sheet.reset();
     test::signalProcesses(profile(), SIGCONT);
     EXPECT_TRUE(lookUntil([this] { return processesWith(profile()).empty(); }));
@@ -122,7 +132,7 @@ TEST_F(LibreOfficeStop, LeavesAnOfficeWithAWorkbookToTheUser)
 
     sheet = office();  // the same one, which is the user's now
     test::signalProcesses(profile(), SIGSTOP);
-    expectCallEnded(*sheet, [this] { stop.request_stop(); });
+    expectCallEnded([&] { sheet->addWorkbook(); }, [this] { stop.request_stop(); });
     sheet.reset();
     test::signalProcesses(profile(), SIGCONT);
     sheet = test::headlessOffice(test::officeModule(), folder.path());
@@ -132,16 +142,7 @@ TEST_F(LibreOfficeStop, LeavesAnOfficeWithAWorkbookToTheUser)
 TEST_F(LibreOfficeStop, EndsTheWritingOfASheet)
 {
     auto sheet = office();
-    sheet->addWorkbook();
-    sheet->setCellValue(1, 1, PlainText{"late"});
-    test::signalProcesses(profile(), SIGSTOP);
-    std::atomic<bool> isWriting = false;
-    expectEnded(
-        [&] {
-            isWriting = true;
-            sheet->autoFitColumns(1, 8);
-        },
-        [&] { return isWriting.load(); }, [this] { stop.request_stop(); });
+    expectWritingEnded(*sheet, [this] { stop.request_stop(); });
     sheet.reset();
     test::signalProcesses(profile(), SIGCONT);
 }
@@ -149,23 +150,14 @@ TEST_F(LibreOfficeStop, EndsTheWritingOfASheet)
 TEST_F(LibreOfficeStop, OfficeThatIsKilledEndsTheWritingOfASheet)
 {
     const auto sheet = office();
-    sheet->addWorkbook();
-    sheet->setCellValue(1, 1, PlainText{"late"});
-    test::signalProcesses(profile(), SIGSTOP);
-    std::atomic<bool> isWriting = false;
-    expectEnded(
-        [&] {
-            isWriting = true;
-            sheet->autoFitColumns(1, 8);
-        },
-        [&] { return isWriting.load(); }, [this] { test::signalProcesses(profile(), SIGKILL); });
+    expectWritingEnded(*sheet, [this] { test::signalProcesses(profile(), SIGKILL); });
 }
 
 TEST_F(LibreOfficeStop, OfficeThatIsKilledEndsTheCall)
 {
     const auto sheet = office();
     test::signalProcesses(profile(), SIGSTOP);
-    expectCallEnded(*sheet, [this] { test::signalProcesses(profile(), SIGKILL); });
+    expectCallEnded([&] { sheet->addWorkbook(); }, [this] { test::signalProcesses(profile(), SIGKILL); });
 }
 
 }  // namespace
